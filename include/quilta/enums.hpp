@@ -7,7 +7,12 @@ namespace quilta {
 
 using Color = int32_t;  // -1 = not set; 0x800000nn = system colour nn
 
-enum ECellTypes : int32_t { quCellText = 0, quCellCombo = 1, quCellTextCombo = 2, quCellCustomDraw = 3 };
+enum ECellTypes : int32_t {
+  quCellText = 0,
+  quCellCombo = 1,
+  quCellTextCombo = 2,
+  quCellCustomDraw = 3
+};
 
 enum ECellTypeFlags : int32_t {
   quCheckBox3State = 16,
@@ -209,7 +214,12 @@ enum EFillFromRSMode : int32_t {
 
 enum EScrollBar : int32_t { quScrollBarH = 0, quScrollBarV = 1 };
 
-enum EBorderType : int32_t { quBorderNone = 0, quBorderFlat = 1, quBorderSunken = 2, quBorderThemed = 3 };
+enum EBorderType : int32_t {
+  quBorderNone = 0,
+  quBorderFlat = 1,
+  quBorderSunken = 2,
+  quBorderThemed = 3
+};
 
 enum EGridLines : int32_t {
   quGridLinesNone = 0,
@@ -225,7 +235,11 @@ enum EGridLinesExtendModes : int32_t {
   quGridLinesExtendBoth = 3
 };
 
-enum EScrollBarStyles : int32_t { quScrollBarRegular = 0, quScrollBarFlat = 1, quScrollBarEncarta = 2 };
+enum EScrollBarStyles : int32_t {
+  quScrollBarRegular = 0,
+  quScrollBarFlat = 1,
+  quScrollBarEncarta = 2
+};
 
 enum ETreeLines : int32_t { quTreeLinesNone = 0, quTreeLinesDotted = 1, quTreeLinesSolid = 2 };
 

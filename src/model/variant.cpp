@@ -1,13 +1,12 @@
 // Storage of Variant: scalars inline, strings, objects and arrays as shared immutable (strings,
 // objects) or copy-on-write (arrays) blocks, so copying a Variant never copies text.
-#include <quilta/error.hpp>
-#include <quilta/variant.hpp>
-
 #include <atomic>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <quilta/error.hpp>
+#include <quilta/variant.hpp>
 
 namespace quilta {
 namespace detail {

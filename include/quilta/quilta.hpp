@@ -1,0 +1,299 @@
+// Quilta: an embeddable data-grid control. This header brings in the whole public object model.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <quilta/cell_object.hpp>
+#include <quilta/enums.hpp>
+#include <quilta/error.hpp>
+#include <quilta/events.hpp>
+#include <quilta/font.hpp>
+#include <quilta/host.hpp>
+#include <quilta/platform/platform.hpp>
+#include <quilta/variant.hpp>
+#include <string>
+#include <string_view>
+
+namespace quilta {
+
+namespace control {
+struct Control;
+}
+
+struct AddColArgs {
+  std::string sKey{};
+  std::string sHeader{};
+  int32_t lWidth = -1;
+  EHAlignment eHeaderAlignH = quAlignHLeft;
+  EVAlignment eHeaderAlignV = quAlignVTop;
+  ETextFormatFlags eHeaderTextFlags = quTextEndEllipsis;
+  int16_t iHeaderIcon = 0;
+  bool bVisible = true;
+  Variant vColBefore = Variant::Missing();
+  ESortTypes eSortType = quSortByValueGeneral;
+  ESortOrders eSortOrderDefault = quSortAsc;
+  int16_t lMinWidth = -1;
+  int16_t lMaxWidth = -1;
+  bool bAllowSizing = true;
+  Variant vTag = Variant::Missing();
+  int32_t lCount = 1;
+};
+
+struct AddRowArgs {
+  std::string sKey{};
+  Variant vRowBefore = Variant::Missing();
+  bool bVisible = true;
+  int32_t lHeight = -1;
+  int32_t lNormalCellHeight = -1;
+  bool bGroupRow = false;
+  Variant vRowParent = Variant::Missing();
+  bool bExpanded = true;
+  uint8_t btLevel = 0;
+  ERowTreeButton eTreeButton = quRowTreeButtonAbsent;
+  bool bVisibleAsChild = true;
+  Variant vTag = Variant::Missing();
+  int32_t lCount = 1;
+};
+
+class Quilta {
+ public:
+  // A control on the headless platform.
+  Quilta();
+  // A control drawing through the host's platform (not owned; it must outlive the control).
+  explicit Quilta(Platform& platform);
+  ~Quilta();
+  Quilta(const Quilta&) = delete;
+  Quilta& operator=(const Quilta&) = delete;
+  Quilta(Quilta&&) noexcept;
+  Quilta& operator=(Quilta&&) noexcept;
+
+  void SetEventSink(QuiltaEvents* sink);
+  void SetHostSite(HostSite* site);
+  Platform& GetPlatform() const;
+
+  // ---- Columns and rows -------------------------------------------------------------------
+  std::shared_ptr<CellObject> AddCol(const AddColArgs& args = {});
+  void RemoveCol(const Variant& vCol, int32_t lCount = 1);
+  int32_t ColIndex(std::string_view sKey) const;
+  int32_t ColPos(const Variant& vCol) const;
+  std::string ColKey(int32_t lCol) const;
+  void SetColKey(int32_t lCol, std::string_view sKey);
+  Variant ColTag(const Variant& vCol) const;
+  void SetColTag(const Variant& vCol, const Variant& vTag);
+  int32_t ColCount() const;
+  void SetColCount(int32_t lCount);
+  int32_t RowTextCol() const;
+
+  int32_t AddRow(const AddRowArgs& args = {});
+  void RemoveRow(const Variant& vRow, int32_t lCount = 1);
+  int32_t RowIndex(std::string_view sKey) const;
+  std::string RowKey(int32_t lRow) const;
+  void SetRowKey(int32_t lRow, std::string_view sKey);
+  Variant RowTag(const Variant& vRow) const;
+  void SetRowTag(const Variant& vRow, const Variant& vTag);
+  int32_t RowCount() const;
+  void SetRowCount(int32_t lCount);
+  void Clear(bool bRemoveCols = false);
+
+  int32_t MemMngWantFreeRows() const;
+  void SetMemMngWantFreeRows(int32_t lRows);
+  EStoreInitRowNumbersPlace StoreInitRowNumbers() const;
+  void SetStoreInitRowNumbers(EStoreInitRowNumbersPlace ePlace);
+  bool Virtual() const;
+  void SetVirtual(bool bVirtual);
+
+  int32_t Sys(ESystemParameters eParam) const;
+  bool Supports(ESupportFeatures eFeature) const;
+
+  // ---- Update suspension ------------------------------------------------------------------
+  void BeginUpdate();
+  void EndUpdate();
+  int32_t BeginUpdateCount() const;
+  bool BeginUpdateRecalcRowParms() const;
+  void SetBeginUpdateRecalcRowParms(bool b);
+
+  // ---- Persistence ------------------------------------------------------------------------
+  void ReadProperties(PropertyBag& bag);
+  void WriteProperties(PropertyBag& bag) const;
+
+  // ---- Control properties -----------------------------------------------------------------
+  bool AllowGrouping() const;
+  void SetAllowGrouping(bool b);
+  bool AllowGroupRowEditing() const;
+  void SetAllowGroupRowEditing(bool b);
+  bool AllowSorting() const;
+  void SetAllowSorting(bool b);
+  std::string AutoColHeaderTextTemplate() const;
+  void SetAutoColHeaderTextTemplate(std::string_view s);
+  int32_t AutoWidthColMaxRows() const;
+  void SetAutoWidthColMaxRows(int32_t l);
+  bool AutoWidthColWithHeader() const;
+  void SetAutoWidthColWithHeader(bool b);
+  Color BackColor() const;
+  void SetBackColor(Color c);
+  Color BackColorOddRows() const;
+  void SetBackColorOddRows(Color c);
+  Color BackColorEvenRows() const;
+  void SetBackColorEvenRows(Color c);
+  EBorderType BorderType() const;
+  void SetBorderType(EBorderType e);
+  bool BrowseAllNonFrozenCols() const;
+  void SetBrowseAllNonFrozenCols(bool b);
+  bool BuiltinContextMenus() const;
+  void SetBuiltinContextMenus(bool b);
+  int32_t CellCheckGap() const;
+  void SetCellCheckGap(int32_t l);
+  int32_t CellIconGap() const;
+  void SetCellIconGap(int32_t l);
+  bool ChangeColorsWhenDisabled() const;
+  void SetChangeColorsWhenDisabled(bool b);
+  bool CopyPasteEnabled() const;
+  void SetCopyPasteEnabled(bool b);
+  bool DefaultAutoGroupRowExpanded() const;
+  void SetDefaultAutoGroupRowExpanded(bool b);
+  bool DisableIcons() const;
+  void SetDisableIcons(bool b);
+  bool DragSelect() const;
+  void SetDragSelect(bool b);
+  bool DrawRowText() const;
+  void SetDrawRowText(bool b);
+  bool Editable() const;
+  void SetEditable(bool b);
+  bool Enabled() const;
+  void SetEnabled(bool b);
+  bool EnsureVisibleAutoHScroll() const;
+  void SetEnsureVisibleAutoHScroll(bool b);
+  bool EnsureVisibleAutoVScroll() const;
+  void SetEnsureVisibleAutoVScroll(bool b);
+  bool FlatCellControls() const;
+  void SetFlatCellControls(bool b);
+  bool FocusRect() const;
+  void SetFocusRect(bool b);
+  Color FocusRectColor1() const;
+  void SetFocusRectColor1(Color c);
+  Color FocusRectColor2() const;
+  void SetFocusRectColor2(Color c);
+  bool FocusRectNoFocus() const;
+  void SetFocusRectNoFocus(bool b);
+  Color FocusRectNoFocusColor1() const;
+  void SetFocusRectNoFocusColor1(Color c);
+  Color FocusRectNoFocusColor2() const;
+  void SetFocusRectNoFocusColor2(Color c);
+  // Property "Font": returns a copy; assign it back to change the grid's font.
+  std::shared_ptr<quilta::Font> Font() const;
+  void SetFont(const std::shared_ptr<quilta::Font>& font);
+  Color ForeColor() const;
+  void SetForeColor(Color c);
+  int32_t FrozenCols() const;
+  void SetFrozenCols(int32_t l);
+  Color FrozenColsEdgeColor() const;
+  void SetFrozenColsEdgeColor(Color c);
+  bool FrozenColsEdgeDrawAlways() const;
+  void SetFrozenColsEdgeDrawAlways(bool b);
+  int32_t FrozenColsEdgeWidth() const;
+  void SetFrozenColsEdgeWidth(int32_t l);
+  bool FullRowSelect() const;
+  void SetFullRowSelect(bool b);
+  Color GridLineColor() const;
+  void SetGridLineColor(Color c);
+  EGridLines GridLines() const;
+  void SetGridLines(EGridLines e);
+  EGridLinesExtendModes GridLinesExtend() const;
+  void SetGridLinesExtend(EGridLinesExtendModes e);
+  int32_t GridLineThicknessH() const;
+  void SetGridLineThicknessH(int32_t l);
+  int32_t GridLineThicknessV() const;
+  void SetGridLineThicknessV(int32_t l);
+  bool HideSelection() const;
+  void SetHideSelection(bool b);
+  Color HighlightBackColor() const;
+  void SetHighlightBackColor(Color c);
+  Color HighlightBackColorNoFocus() const;
+  void SetHighlightBackColorNoFocus(Color c);
+  Color HighlightForeColor() const;
+  void SetHighlightForeColor(Color c);
+  Color HighlightForeColorNoFocus() const;
+  void SetHighlightForeColorNoFocus(Color c);
+  bool HighlightSelIcons() const;
+  void SetHighlightSelIcons(bool b);
+  bool HighlightSelCells() const;
+  void SetHighlightSelCells(bool b);
+  EKeyPressBehaviour KeyPressBehaviour() const;
+  void SetKeyPressBehaviour(EKeyPressBehaviour e);
+  bool KeySearchFromCurRow() const;
+  void SetKeySearchFromCurRow(bool b);
+  bool KeySearchLoop() const;
+  void SetKeySearchLoop(bool b);
+  int32_t LevelIndent() const;
+  void SetLevelIndent(int32_t l);
+  bool MultiSelect() const;
+  void SetMultiSelect(bool b);
+  int16_t OLEDropMode() const;
+  void SetOLEDropMode(int16_t i);
+  bool OpaqueTextInHatchedCells() const;
+  void SetOpaqueTextInHatchedCells(bool b);
+  bool PrefixGroupValues() const;
+  void SetPrefixGroupValues(bool b);
+  bool RowMode() const;
+  void SetRowMode(bool b);
+  EScrollBarStyles ScrollBarStyle() const;
+  void SetScrollBarStyle(EScrollBarStyles e);
+  uint8_t SelectionAlphaBlend() const;
+  void SetSelectionAlphaBlend(uint8_t bt);
+  bool ShowControlsInAllCells() const;
+  void SetShowControlsInAllCells(bool b);
+  bool SilentValidation() const;
+  void SetSilentValidation(bool b);
+  bool SkipNonSelectableCells() const;
+  void SetSkipNonSelectableCells(bool b);
+  bool SortScrollToCurRow() const;
+  void SetSortScrollToCurRow(bool b);
+  Color TreeButtonBackColor() const;
+  void SetTreeButtonBackColor(Color c);
+  Color TreeButtonBorderColor() const;
+  void SetTreeButtonBorderColor(Color c);
+  Color TreeButtonForeColor() const;
+  void SetTreeButtonForeColor(Color c);
+  int32_t TreeButtonSize() const;
+  void SetTreeButtonSize(int32_t l);
+  int32_t TreeCol() const;
+  void SetTreeCol(int32_t l);
+  ETreeLines TreeLines() const;
+  void SetTreeLines(ETreeLines e);
+  Color TreeLinesColor() const;
+  void SetTreeLinesColor(Color c);
+  bool TreeRootLines() const;
+  void SetTreeRootLines(bool b);
+  int32_t ToolTipDelayTime() const;
+  void SetToolTipDelayTime(int32_t l);
+  int32_t ToolTipVisibleTime() const;
+  void SetToolTipVisibleTime(int32_t l);
+  bool UseTabKey() const;
+  void SetUseTabKey(bool b);
+  bool UseXPStyles() const;
+  void SetUseXPStyles(bool b);
+
+  // ---- Cells, cell properties and cell text ------------------------------------------------
+  // (cells section end)
+
+  // ---- Geometry ----------------------------------------------------------------------------
+  // (geometry section end)
+
+  // ---- Row hierarchy -----------------------------------------------------------------------
+  // (hierarchy section end)
+
+  // ---- Sorting -----------------------------------------------------------------------------
+  // (sorting section end)
+
+  // ---- Current cell (the part the stores keep in step) ------------------------------------
+  int32_t CurRow() const;
+  int32_t CurCol() const;
+
+  // For the grid's own subsystems and tests of them.
+  control::Control& Internals() { return *c_; }
+
+ private:
+  std::unique_ptr<control::Control> c_;
+};
+
+}  // namespace quilta

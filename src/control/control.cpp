@@ -1,0 +1,121 @@
+#include "control/control.hpp"
+
+namespace quilta::control {
+
+Control::Control(Platform* hostPlatform)
+    : ownedPlatform(hostPlatform ? nullptr : std::make_unique<HeadlessPlatform>()),
+      platform(hostPlatform ? hostPlatform : ownedPlatform.get()),
+      resources(std::make_shared<model::CellResources>()),
+      store(*this, resources, this) {}
+
+Control::~Control() = default;
+
+// ---- Recalculation and drawing -------------------------------------------------------------
+
+void Control::RecalcRowsFrom(int32_t row) {
+  if (updates.count >= 1 && !props.Bool(model::Prop::BeginUpdateRecalcRowParms)) {
+    if (updates.pendingRow == 0 || row < updates.pendingRow) updates.pendingRow = row;
+    return;
+  }
+  layout::Geometry::RunRowPass(store.Rows(), row);
+  geometry.CountRowPass();
+}
+
+void Control::RecalcColumns() {
+  geometry.RunColumnPass(store.Cols(), props.Long(model::Prop::FrozenCols));
+}
+
+void Control::RequestRedraw() {
+  if (updates.count > 0) {
+    updates.redrawPending = true;
+    return;
+  }
+  platform->Invalidate();
+}
+
+void Control::BeginUpdate() { ++updates.count; }
+
+void Control::EndUpdate() {
+  if (updates.count == 0) return;
+  if (--updates.count > 0) return;
+  if (updates.pendingRow) {
+    int32_t from = updates.pendingRow;
+    updates.pendingRow = 0;
+    layout::Geometry::RunRowPass(store.Rows(), from);
+    geometry.CountRowPass();
+  }
+  updates.redrawPending = false;
+  platform->Invalidate();
+}
+
+void Control::SetRecalcRowParms(bool on) {
+  if (on && updates.count >= 1 && updates.pendingRow) {
+    int32_t from = updates.pendingRow;
+    updates.pendingRow = 0;
+    layout::Geometry::RunRowPass(store.Rows(), from);
+    geometry.CountRowPass();
+  }
+}
+
+// ---- Store notices -------------------------------------------------------------------------
+
+void Control::ColumnsInserted(int32_t index, int32_t count) {
+  if (curCol >= index) curCol += count;
+}
+
+void Control::ColumnsRemoved(int32_t index, int32_t count) {
+  if (curCol >= index + count) {
+    curCol -= count;
+  } else if (curCol >= index) {
+    SetCurrentCell(curRow, 0);
+  }
+}
+
+void Control::RowsInserted(int32_t row, int32_t count) {
+  if (curRow >= row) curRow += count;
+}
+
+void Control::RowsRemoved(int32_t row, int32_t count) {
+  // A current row strictly inside the removed block moves to current row - count, before the
+  // block: the grid has always done so and hosts rely on it.
+  if (curRow > row) {
+    curRow -= count;
+    if (curRow < 1) SetCurrentCell(0, curCol);
+  } else if (curRow == row) {
+    SetCurrentCell(0, curCol);
+  }
+}
+
+void Control::RowsCleared(bool) { SetCurrentCell(0, 0); }
+
+bool Control::RequestRow(int32_t row) {
+  bool noMoreRows = false;
+  if (events) events->RequestRow(row, noMoreRows);
+  return !noMoreRows;
+}
+
+void Control::RequestRowData(int32_t row) {
+  if (events) events->RequestRowData(row);
+}
+
+void Control::SetCurrentCell(int32_t row, int32_t col) {
+  int32_t oldRow = curRow;
+  int32_t oldCol = curCol;
+  curRow = row;
+  curCol = col;
+  if (!events || (oldRow == row && oldCol == col)) return;
+  events->CurCellChange(row, col, oldRow, oldCol);
+  if (oldRow != row) events->CurRowChange(row, oldRow);
+  if (oldCol != col) events->CurColChange(col, oldCol);
+}
+
+// ---- Column default cells ------------------------------------------------------------------
+
+void Control::DefaultCellChanged(const CellObject&) { store.Cols().InvalidateTemplates(); }
+
+void Control::ChangeCellSelection(CellObject& obj, bool selected) {
+  model::CellObjectAccess::MutableRecord(obj).SetSelected(selected);
+  store.Cols().InvalidateTemplates();
+}
+
+}  // namespace quilta::control

@@ -1,0 +1,86 @@
+// The state behind one Quilta control: every store and subsystem, and the glue that passes the
+// stores' notices to the subsystems that own the affected state.
+#pragma once
+
+#include <memory>
+#include <quilta/quilta.hpp>
+
+#include "layout/geometry.hpp"
+#include "model/cell_object_access.hpp"
+#include "model/cell_resources.hpp"
+#include "model/control_properties.hpp"
+#include "model/grid_store.hpp"
+#include "model/store_listener.hpp"
+
+namespace quilta::control {
+
+// Suspension of recalculation and drawing (BeginUpdate / EndUpdate).
+struct UpdateState {
+  int32_t count = 0;
+  int32_t pendingRow = 0;  // lowest row whose positions must be recomputed; 0 = none
+  bool redrawPending = false;
+  bool columnsPending = false;
+};
+
+struct Control final : model::StoreListener, model::CellObjectOwner {
+  explicit Control(Platform* hostPlatform);
+  ~Control() override;
+
+  // ---- StoreListener
+  void MarkLayoutDirty(model::LayoutChange kind) override { geometry.RecordChange(kind); }
+  void RecalcRowsFrom(int32_t row) override;
+  void RecalcColumns() override;
+  void RequestRedraw() override;
+  void ColumnsInserted(int32_t index, int32_t count) override;
+  void ColumnsRemoved(int32_t index, int32_t count) override;
+  void RowsInserted(int32_t row, int32_t count) override;
+  void RowsRemoved(int32_t row, int32_t count) override;
+  void RowsCleared(bool columnsToo) override;
+  bool RequestRow(int32_t row) override;
+  void RequestRowData(int32_t row) override;
+
+  // ---- CellObjectOwner
+  void DefaultCellChanged(const CellObject& obj) override;
+  void ChangeCellSelection(CellObject& obj, bool selected) override;
+
+  // ---- Properties
+  Variant PropertyValue(model::Prop p) const;
+  // Applies a normalized value (see ControlProperties::Normalize) with its side effects.
+  void ApplyProperty(model::Prop p, const Variant& normalized);
+  // Normalizes, applies and tells the host that the property changed.
+  void SetProperty(model::Prop p, const Variant& raw);
+  void NotifyPropertyChanged(model::Prop p);
+
+  // ---- Update suspension
+  void BeginUpdate();
+  void EndUpdate();
+  void SetRecalcRowParms(bool on);
+
+  // ---- Current cell: renumbered silently when rows or columns move, cleared when they go.
+  void SetCurrentCell(int32_t row, int32_t col);
+
+  // ---- Cell text: what drawing, sorting, searching and copying show for a cell.
+  std::string CellText(int32_t row, int32_t colIndex);
+
+  // ---- Editing: ends an in-cell edit before geometry or order changes (raises QuitCustomEdit).
+  void EndEditing();
+
+  // (subsystem hooks end)
+
+  std::unique_ptr<HeadlessPlatform> ownedPlatform;
+  Platform* platform;
+  QuiltaEvents* events = nullptr;
+  HostSite* host = nullptr;
+  bool loadingProperties = false;
+
+  model::ControlProperties props;
+  UpdateState updates;
+  layout::Geometry geometry;
+  std::shared_ptr<model::CellResources> resources;
+  model::GridStore store;
+  int32_t curRow = 0;
+  int32_t curCol = 0;
+  // (subsystem state end)
+};
+
+}  // namespace quilta::control
