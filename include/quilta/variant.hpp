@@ -175,6 +175,13 @@ bool CBool(const Variant& v);
 Variant CDate(const Variant& v);  // a vbDate variant
 Variant CCur(const Variant& v);   // a vbCurrency variant
 
+// A date from its parts: years 0-29 mean 2000-2029 and 30-99 mean 1930-1999; months and days
+// outside their range roll over (month 13 is January of the next year, day 0 the last day of
+// the previous month). Outside 1 January 100 - 31 December 9999 raises 5.
+Variant DateSerial(int32_t year, int32_t month, int32_t day);
+// A time of day from its parts as a date serial; parts out of range roll over into days.
+Variant TimeSerial(int32_t hour, int32_t minute, int32_t second);
+
 // Format(value, format) of the classic runtime, US-English locale, Sunday first day of week,
 // week 1 = the week holding 1 January.
 std::string Format(const Variant& value, std::string_view format);
