@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <quilta/cell_object.hpp>
+#include <quilta/combos.hpp>
 #include <quilta/enums.hpp>
 #include <quilta/error.hpp>
 #include <quilta/events.hpp>
@@ -274,6 +275,79 @@ class Quilta {
   void SetUseXPStyles(bool b);
 
   // ---- Cells, cell properties and cell text ------------------------------------------------
+  Variant CellValue(const Variant& vRow, const Variant& vCol) const;
+  void SetCellValue(const Variant& vRow, const Variant& vCol, const Variant& vValue);
+  ECellTypes CellType(const Variant& vRow, const Variant& vCol) const;
+  void SetCellType(const Variant& vRow, const Variant& vCol, ECellTypes eType);
+  ECellTypeFlags CellTypeFlags(const Variant& vRow, const Variant& vCol) const;
+  void SetCellTypeFlags(const Variant& vRow, const Variant& vCol, ECellTypeFlags eFlags);
+  ETextFormatFlags CellTextFlags(const Variant& vRow, const Variant& vCol) const;
+  void SetCellTextFlags(const Variant& vRow, const Variant& vCol, ETextFormatFlags eFlags);
+  EHAlignment CellAlignH(const Variant& vRow, const Variant& vCol) const;
+  void SetCellAlignH(const Variant& vRow, const Variant& vCol, EHAlignment eAlign);
+  EVAlignment CellAlignV(const Variant& vRow, const Variant& vCol) const;
+  void SetCellAlignV(const Variant& vRow, const Variant& vCol, EVAlignment eAlign);
+  ECellIconToText CellIconToText(const Variant& vRow, const Variant& vCol) const;
+  void SetCellIconToText(const Variant& vRow, const Variant& vCol, ECellIconToText ePos);
+  uint8_t CellIndentLeft(const Variant& vRow, const Variant& vCol) const;
+  void SetCellIndentLeft(const Variant& vRow, const Variant& vCol, uint8_t btIndent);
+  uint8_t CellIndentRight(const Variant& vRow, const Variant& vCol) const;
+  void SetCellIndentRight(const Variant& vRow, const Variant& vCol, uint8_t btIndent);
+  uint8_t CellIndentTop(const Variant& vRow, const Variant& vCol) const;
+  void SetCellIndentTop(const Variant& vRow, const Variant& vCol, uint8_t btIndent);
+  uint8_t CellIndentBottom(const Variant& vRow, const Variant& vCol) const;
+  void SetCellIndentBottom(const Variant& vRow, const Variant& vCol, uint8_t btIndent);
+  Color CellBackColor(const Variant& vRow, const Variant& vCol) const;
+  void SetCellBackColor(const Variant& vRow, const Variant& vCol, Color oColor);
+  Color CellForeColor(const Variant& vRow, const Variant& vCol) const;
+  void SetCellForeColor(const Variant& vRow, const Variant& vCol, Color oColor);
+  // The cell's font (its own, or a copy of the grid's Font); nullptr resets it to the default.
+  std::shared_ptr<quilta::Font> CellFont(const Variant& vRow, const Variant& vCol) const;
+  void SetCellFont(const Variant& vRow, const Variant& vCol,
+                   const std::shared_ptr<quilta::Font>& oFont);
+  uint8_t CellImageList(const Variant& vRow, const Variant& vCol) const;
+  void SetCellImageList(const Variant& vRow, const Variant& vCol, uint8_t btList);
+  uint8_t CellExtraImageList(const Variant& vRow, const Variant& vCol) const;
+  void SetCellExtraImageList(const Variant& vRow, const Variant& vCol, uint8_t btList);
+  int16_t CellIcon(const Variant& vRow, const Variant& vCol) const;
+  void SetCellIcon(const Variant& vRow, const Variant& vCol, int16_t iIcon);
+  int16_t CellExtraIcon(const Variant& vRow, const Variant& vCol) const;
+  void SetCellExtraIcon(const Variant& vRow, const Variant& vCol, int16_t iIcon);
+  EHatchStyles CellHatch(const Variant& vRow, const Variant& vCol) const;
+  void SetCellHatch(const Variant& vRow, const Variant& vCol, EHatchStyles eHatch);
+  bool CellSelectable(const Variant& vRow, const Variant& vCol) const;
+  void SetCellSelectable(const Variant& vRow, const Variant& vCol, bool bSelectable);
+  bool CellSelected(const Variant& vRow, const Variant& vCol) const;
+  void SetCellSelected(const Variant& vRow, const Variant& vCol, bool bSelected);
+  bool CellCheckVisible(const Variant& vRow, const Variant& vCol) const;
+  void SetCellCheckVisible(const Variant& vRow, const Variant& vCol, bool bVisible);
+  ECellCheckState CellCheckState(const Variant& vRow, const Variant& vCol) const;
+  void SetCellCheckState(const Variant& vRow, const Variant& vCol, ECellCheckState eState);
+  ECellCheckPos CellCheckPos(const Variant& vRow, const Variant& vCol) const;
+  void SetCellCheckPos(const Variant& vRow, const Variant& vCol, ECellCheckPos ePos);
+  int32_t CellExtraData(const Variant& vRow, const Variant& vCol) const;
+  void SetCellExtraData(const Variant& vRow, const Variant& vCol, int32_t lData);
+  int32_t CellComboListIndex(const Variant& vRow, const Variant& vCol) const;
+  void SetCellComboListIndex(const Variant& vRow, const Variant& vCol, int32_t lIndex);
+  std::string CellCtrlKey(const Variant& vRow, const Variant& vCol) const;
+  void SetCellCtrlKey(const Variant& vRow, const Variant& vCol, std::string_view sKey);
+  std::string CellFmtString(const Variant& vRow, const Variant& vCol) const;
+  void SetCellFmtString(const Variant& vRow, const Variant& vCol, std::string_view sFormat);
+
+  void CellDefaultForeColor(const Variant& vRow, const Variant& vCol);
+  void CellDefaultBackColor(const Variant& vRow, const Variant& vCol);
+  void CellDefaultFont(const Variant& vRow, const Variant& vCol);
+  Color CellEffectiveForeColor(const Variant& vRow, const Variant& vCol) const;
+  Color CellEffectiveBackColor(const Variant& vRow, const Variant& vCol) const;
+  std::string CellText(const Variant& vRow, const Variant& vCol) const;
+
+  std::shared_ptr<CellObject> ColDefaultCell(const Variant& vCol) const;
+  void SetColCellsProp(const Variant& vCol, ECellProperty eProperty, const Variant& vValue,
+                       const Variant& vStartRow = Variant::Missing(),
+                       const Variant& vEndRow = Variant::Missing());
+  EDynamicContentEvents DynamicContentEvents() const;
+  void SetDynamicContentEvents(EDynamicContentEvents eEvents);
+  CombosObject& Combos();
   // (cells section end)
 
   // ---- Geometry ----------------------------------------------------------------------------

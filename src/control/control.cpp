@@ -113,9 +113,8 @@ void Control::SetCurrentCell(int32_t row, int32_t col) {
 
 void Control::DefaultCellChanged(const CellObject&) { store.Cols().InvalidateTemplates(); }
 
-void Control::ChangeCellSelection(CellObject& obj, bool selected) {
-  model::CellObjectAccess::MutableRecord(obj).SetSelected(selected);
-  store.Cols().InvalidateTemplates();
+std::shared_ptr<Font> Control::DefaultFont() const {
+  return std::make_shared<Font>(props.FontValue());
 }
 
 }  // namespace quilta::control

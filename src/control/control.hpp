@@ -41,7 +41,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
 
   // ---- CellObjectOwner
   void DefaultCellChanged(const CellObject& obj) override;
-  void ChangeCellSelection(CellObject& obj, bool selected) override;
+  std::shared_ptr<Font> DefaultFont() const override;
 
   // ---- Properties
   Variant PropertyValue(model::Prop p) const;
@@ -58,6 +58,17 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
 
   // ---- Current cell: renumbered silently when rows or columns move, cleared when they go.
   void SetCurrentCell(int32_t row, int32_t col);
+
+  // ---- Cells: one property of one cell (resolved row and column index).
+  Variant CellProperty(int32_t row, int32_t colIndex, ECellProperty p) const;
+  void SetCellProperty(int32_t row, int32_t colIndex, ECellProperty p, const Variant& raw);
+  void SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Variant& raw,
+                              int32_t firstRow, int32_t lastRow);
+  // The colour drawing uses, after the dynamic formatting events, the cell's own colour, the
+  // alternating row colours and the grid's colour, translated to RGB.
+  Color EffectiveColor(int32_t row, int32_t colIndex, bool back);
+  Color TranslateColor(Color c) const;
+  std::shared_ptr<Font> FontOf(uint16_t number) const;
 
   // ---- Cell text: what drawing, sorting, searching and copying show for a cell.
   std::string CellText(int32_t row, int32_t colIndex);
@@ -80,6 +91,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   model::GridStore store;
   int32_t curRow = 0;
   int32_t curCol = 0;
+  CombosObject combos;
+  int32_t dynamicContentEvents = quDCEventNone;
   // (subsystem state end)
 };
 

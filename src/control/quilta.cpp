@@ -109,9 +109,9 @@ int32_t Quilta::Sys(ESystemParameters eParam) const {
     case quSysMemMngFreePhysRows:
       return c_->store.Rows().FreeCount();
     case quSysFormatStringCount:
-      return 0;
+      return c_->resources->formats.Count();
     case quSysFontCount:
-      return 0;
+      return c_->resources->fonts.Count();
   }
   throw Error::FromCode(quErrInvalidArgument);
 }

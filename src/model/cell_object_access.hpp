@@ -16,7 +16,8 @@ class CellObjectOwner {
  public:
   virtual ~CellObjectOwner() = default;
   virtual void DefaultCellChanged(const CellObject& obj) = 0;
-  virtual void ChangeCellSelection(CellObject& obj, bool selected) = 0;
+  // The font a cell without a font of its own shows.
+  virtual std::shared_ptr<Font> DefaultFont() const = 0;
 };
 
 struct CellObjectAccess {
