@@ -233,7 +233,11 @@ void GridStore::EnsureCapacity(int32_t rows) {
   int32_t allocated =
       static_cast<int32_t>(std::min<int64_t>(wanted, std::numeric_limits<int32_t>::max()));
   try {
-    rows_.Records().reserve(static_cast<size_t>(allocated));
+    // The buffers grow geometrically so that adding rows one at a time stays cheap; the
+    // allocated-rows figure follows the spare-row rule on top of them.
+    std::vector<RowRecord>& records = rows_.Records();
+    if (records.capacity() < static_cast<size_t>(allocated))
+      records.reserve(std::max<size_t>(allocated, records.capacity() * 3 / 2));
     cells_.Reserve(allocated);
   } catch (const std::bad_alloc&) {
     Raise(quErrOutOfMemory);
