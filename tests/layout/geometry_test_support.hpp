@@ -24,24 +24,20 @@ struct GeometryFixture {
   void ClearLayoutMark() { grid.Internals().geometry.TakeLayoutMark(); }
 };
 
-// Every column and row value geometry derives or stores, for "nothing changed" checks.
+// Every value geometry stores or derives for columns and rows, for "nothing changed" checks.
 struct GeometrySnapshot {
-  std::vector<int32_t> cols;
-  std::vector<int32_t> rows;
-  int32_t frozenWidth, scrollableWidth;
+  std::vector<int32_t> values;
 
   static GeometrySnapshot Of(Quilta& g) {
-    GeometrySnapshot s{{}, {}, 0, 0};
+    GeometrySnapshot s;
     for (int32_t p = 1; p <= g.RowTextCol(); ++p) {
       int32_t c = g.ColFromPos(p);
-      s.cols.insert(s.cols.end(), {c, g.ColWidth(c), g.ColMinWidth(c), g.ColMaxWidth(c),
-                                   g.ColStartX(c), g.ColVisibleIndex(c), g.ColVisible(c)});
+      s.values.insert(s.values.end(), {c, g.ColWidth(c), g.ColMinWidth(c), g.ColMaxWidth(c),
+                                       g.ColStartX(c), g.ColVisibleIndex(c), g.ColVisible(c)});
     }
     for (int32_t r = 1; r <= g.RowCount(); ++r)
-      s.rows.insert(s.rows.end(), {g.RowHeight(r), g.RowNormalCellHeight(r), g.RowStartY(r),
-                                   g.RowVisibleIndex(r), g.RowVisible(r)});
-    s.frozenWidth = g.Internals().geometry.Columns().frozenWidth;
-    s.scrollableWidth = g.Internals().geometry.Columns().scrollableWidth;
+      s.values.insert(s.values.end(), {g.RowHeight(r), g.RowNormalCellHeight(r), g.RowStartY(r),
+                                       g.RowVisibleIndex(r), g.RowVisible(r)});
     return s;
   }
   bool operator==(const GeometrySnapshot&) const = default;
