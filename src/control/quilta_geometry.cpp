@@ -108,7 +108,7 @@ void Quilta::SetDefaultRowHeight(int32_t lHeight) {
   if (lHeight < 1) Raise(quErrInvalidArgument);
   if (lHeight == c_->store.Defaults().height) return;
   c_->store.Defaults().height = lHeight;
-  // The scroll bars step by the default height.
+  // The scroll bar settings take the default height too.
   c_->geometrySite.ScrollRangesChanged();
   c_->RequestRedraw();
 }
