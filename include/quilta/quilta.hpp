@@ -351,6 +351,41 @@ class Quilta {
   // (cells section end)
 
   // ---- Geometry ----------------------------------------------------------------------------
+  // Widths are clamped into a column's limits (-1 = no limit) rather than refused.
+  int32_t ColWidth(const Variant& vCol) const;
+  void SetColWidth(const Variant& vCol, int32_t lWidth);
+  int32_t ColMinWidth(const Variant& vCol) const;
+  void SetColMinWidth(const Variant& vCol, int32_t lMinWidth);
+  int32_t ColMaxWidth(const Variant& vCol) const;
+  void SetColMaxWidth(const Variant& vCol, int32_t lMaxWidth);
+  // The range is in column indexes (not display positions); missing ends mean first and last.
+  void SetColWidths(int16_t lWidth, const Variant& vStartCol = Variant::Missing(),
+                    const Variant& vEndCol = Variant::Missing());
+  void ResizeColToFillSpace(const Variant& vCol);
+  void SetColPos(const Variant& vCol, int32_t lColPos);
+  int32_t ColFromPos(int32_t lColPos) const;
+  int32_t ColStartX(const Variant& vCol) const;
+  int32_t ColVisibleIndex(const Variant& vCol) const;
+  bool ColVisible(const Variant& vCol) const;
+  void SetColVisible(const Variant& vCol, bool bVisible);
+
+  int32_t RowHeight(const Variant& vRow) const;
+  void SetRowHeight(const Variant& vRow, int32_t lHeight);
+  // Missing ends mean the first and the last row; height 0 hides the rows.
+  void SetRowHeights(int32_t lHeight, const Variant& vStartRow = Variant::Missing(),
+                     const Variant& vEndRow = Variant::Missing());
+  int32_t RowNormalCellHeight(const Variant& vRow) const;
+  void SetRowNormalCellHeight(const Variant& vRow, int32_t lHeight);
+  int32_t RowStartY(const Variant& vRow) const;
+  int32_t RowVisibleIndex(const Variant& vRow) const;
+  bool RowVisible(const Variant& vRow) const;
+  void SetRowVisible(const Variant& vRow, bool bVisible);
+  int32_t RowTextStartCol() const;
+  void SetRowTextStartCol(int32_t lCol);
+  int32_t DefaultRowHeight() const;
+  void SetDefaultRowHeight(int32_t lHeight);
+  int32_t DefaultRowNormalCellHeight() const;
+  void SetDefaultRowNormalCellHeight(int32_t lHeight);
   // (geometry section end)
 
   // ---- Row hierarchy -----------------------------------------------------------------------

@@ -13,10 +13,15 @@ Control::~Control() = default;
 // ---- Recalculation and drawing -------------------------------------------------------------
 
 void Control::RecalcRowsFrom(int32_t row) {
-  if (updates.count >= 1 && !props.Bool(model::Prop::BeginUpdateRecalcRowParms)) {
+  if (updates.count >= 1 && !props.Bool(model::Prop::BeginUpdateRecalcRowParms) &&
+      !geometry.LayoutForced()) {
     if (updates.pendingRow == 0 || row < updates.pendingRow) updates.pendingRow = row;
     return;
   }
+  // A pass forced inside an update block starts where the deferred ones would have started:
+  // positions above that are not to be trusted.
+  if (updates.pendingRow && updates.pendingRow < row) row = updates.pendingRow;
+  updates.pendingRow = 0;
   layout::Geometry::RunRowPass(store.Rows(), row);
   geometry.CountRowPass();
 }

@@ -5,7 +5,9 @@
 #include <memory>
 #include <quilta/quilta.hpp>
 
+#include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
+#include "layout/row_sizing.hpp"
 #include "model/cell_object_access.hpp"
 #include "model/cell_resources.hpp"
 #include "model/control_properties.hpp"
@@ -76,6 +78,23 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // ---- Editing: ends an in-cell edit before geometry or order changes (raises QuitCustomEdit).
   void EndEditing();
 
+  // ---- Geometry: size changes carried to editing, the header, scrolling and drawing.
+  struct GeometrySite final : layout::GeometrySite {
+    explicit GeometrySite(Control& control) : c(control) {}
+    void EndEditing() override { c.EndEditing(); }
+    void RecalcRowsFrom(int32_t row) override { c.RecalcRowsFrom(row); }
+    void RecalcColumns() override { c.RecalcColumns(); }
+    void RequestRedraw() override { c.RequestRedraw(); }
+    Control& c;
+  };
+  layout::ColumnSizing ColumnSizer() { return {store.Cols(), geometry, geometrySite}; }
+  layout::RowSizing RowSizer() { return {store, geometry, geometrySite}; }
+  // Brings row positions left pending by BeginUpdate up to date now, for operations that need
+  // exact positions inside an update block (with layout::ForcedLayout for what they change).
+  void SyncRowPositions();
+  // LevelIndent in device pixels at the platform's current resolution.
+  int32_t LevelIndentPixels();
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -93,6 +112,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   int32_t curCol = 0;
   CombosObject combos;
   int32_t dynamicContentEvents = quDCEventNone;
+  GeometrySite geometrySite{*this};
   // (subsystem state end)
 };
 

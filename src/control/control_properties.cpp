@@ -24,7 +24,24 @@ void Control::ApplyProperty(Prop p, const Variant& value) {
       break;
     case Prop::FrozenCols:
       if (changed) {
+        // The boundary between frozen and scrolled columns moved: start scrolled columns afresh.
+        geometry.SetHScrollPos(0);
         RecalcColumns();
+        RequestRedraw();
+      }
+      break;
+    case Prop::FrozenColsEdgeWidth:
+    case Prop::GridLineThicknessH:
+    case Prop::GridLineThicknessV:
+      if (changed) {
+        geometry.RecordChange(model::kLayoutRows);
+        RequestRedraw();
+      }
+      break;
+    case Prop::LevelIndent:
+      if (changed) {
+        LevelIndentPixels();
+        geometry.RecordChange(model::kLayoutRows);
         RequestRedraw();
       }
       break;

@@ -1,5 +1,7 @@
 #include "layout/geometry.hpp"
 
+#include "layout/scale.hpp"
+
 namespace quilta::layout {
 
 void Geometry::RunColumnPass(model::ColumnStore& cols, int32_t frozenCols) {
@@ -58,6 +60,15 @@ void Geometry::RunRowPass(model::RowStore& rows, int32_t from, int32_t to) {
       rec.visibleIndex = 0;
     }
   }
+}
+
+int32_t Geometry::ScaledLevelIndent(int32_t levelIndent, int32_t dpi) {
+  if (levelIndent != levelIndent_ || dpi != levelIndentDpi_) {
+    levelIndent_ = levelIndent;
+    levelIndentDpi_ = dpi;
+    levelIndentPixels_ = Scale(levelIndent, dpi);
+  }
+  return levelIndentPixels_;
 }
 
 }  // namespace quilta::layout

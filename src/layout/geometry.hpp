@@ -1,10 +1,12 @@
-// Derived pixel geometry: the column position pass, the row position pass and the layout-change
-// mark. Positions are recomputed from the first changed item downwards; nothing here is stored
-// that cannot be derived again from widths, heights and flags.
+// Derived pixel geometry: the column position pass, the row position pass, the layout-change
+// mark and the few grid-wide values that feed the layout. Positions are recomputed from the
+// first changed item downwards; nothing here is stored that cannot be derived again from
+// widths, heights and flags.
 #pragma once
 
 #include <cstdint>
 
+#include "layout/remeasure.hpp"
 #include "model/column_store.hpp"
 #include "model/row_store.hpp"
 
@@ -23,7 +25,8 @@ struct ColumnTotals {
 
 class Geometry {
  public:
-  // Layout-change mark: 0 none, 1 rows or everything, 4 column widths only.
+  // Layout-change mark: 0 none, 1 rows or everything, 4 column widths only. A second change of
+  // any kind before the layout pass asks for everything.
   int32_t LayoutMark() const { return layoutMark_; }
   void RecordChange(int32_t kind) { layoutMark_ = layoutMark_ == 0 ? kind : 1; }
   int32_t TakeLayoutMark() {
@@ -41,10 +44,50 @@ class Geometry {
   int64_t RowPasses() const { return rowPasses_; }
   void CountRowPass() { ++rowPasses_; }
 
+  // While forced, position passes run at once even when updates are suspended: set by
+  // operations that must read exact positions in the middle of a BeginUpdate block.
+  bool LayoutForced() const { return forced_ > 0; }
+  void BeginForcedLayout() { ++forced_; }
+  void EndForcedLayout() { --forced_; }
+
+  // Horizontal scroll position of the scrollable columns, in pixels.
+  int32_t HScrollPos() const { return hScrollPos_; }
+  void SetHScrollPos(int32_t pos) { hScrollPos_ = pos; }
+
+  // The column index at whose slot the row text starts.
+  int32_t RowTextStartCol() const { return rowTextStartCol_; }
+  void SetRowTextStartCol(int32_t index) { rowTextStartCol_ = index; }
+
+  // LevelIndent in device pixels, kept for the indent and resolution it was scaled for, so a
+  // change of either is picked up the next time it is asked for.
+  int32_t ScaledLevelIndent(int32_t levelIndent, int32_t dpi);
+
+  RemeasureMarks& Remeasure() { return remeasure_; }
+  const RemeasureMarks& Remeasure() const { return remeasure_; }
+
  private:
   int32_t layoutMark_ = 0;
   ColumnTotals columns_;
   int64_t rowPasses_ = 0;
+  int32_t forced_ = 0;
+  int32_t hScrollPos_ = 0;
+  int32_t rowTextStartCol_ = 1;
+  int32_t levelIndent_ = -1;  // the unscaled value behind levelIndentPixels_; -1 = not yet
+  int32_t levelIndentDpi_ = 0;
+  int32_t levelIndentPixels_ = 0;
+  RemeasureMarks remeasure_;
+};
+
+// Keeps positions exact for its lifetime, also inside BeginUpdate.
+class ForcedLayout {
+ public:
+  explicit ForcedLayout(Geometry& g) : g_(g) { g_.BeginForcedLayout(); }
+  ~ForcedLayout() { g_.EndForcedLayout(); }
+  ForcedLayout(const ForcedLayout&) = delete;
+  ForcedLayout& operator=(const ForcedLayout&) = delete;
+
+ private:
+  Geometry& g_;
 };
 
 }  // namespace quilta::layout
