@@ -91,7 +91,10 @@ void Control::RowsRemoved(int32_t row, int32_t count) {
   }
 }
 
-void Control::RowsCleared(bool) { SetCurrentCell(0, 0); }
+void Control::RowsCleared(bool columnsToo) {
+  if (columnsToo) geometry.SetHScrollPos(0);
+  SetCurrentCell(0, 0);
+}
 
 bool Control::RequestRow(int32_t row) {
   bool noMoreRows = false;

@@ -15,33 +15,8 @@ namespace {
 
 // A numeric reference rounded to the nearest integer, ties to even; false when out of range.
 bool NumberToIndex(const Variant& v, int32_t& out) {
-  double d = 0;
-  switch (v.Type()) {
-    case vbInteger:
-      d = v.IntegerValue();
-      break;
-    case vbLong:
-      d = v.LongValue();
-      break;
-    case vbByte:
-      d = v.ByteValue();
-      break;
-    case vbSingle:
-      d = v.SingleValue();
-      break;
-    case vbDouble:
-      d = v.DoubleValue();
-      break;
-    case vbCurrency:
-      d = static_cast<double>(v.CurrencyScaled()) / 10000.0;
-      break;
-    case vbLongLong:
-      d = static_cast<double>(v.LongLongValue());
-      break;
-    default:
-      return false;
-  }
-  d = std::nearbyint(d);  // the default rounding mode rounds half to even
+  if (!v.IsNumber()) return false;
+  double d = std::nearbyint(CDbl(v));  // the default rounding mode rounds half to even
   if (!(d >= std::numeric_limits<int32_t>::min() && d <= std::numeric_limits<int32_t>::max()))
     return false;
   out = static_cast<int32_t>(d);

@@ -188,6 +188,8 @@ TEST(Rows, FailedCallsChangeNothing) {
   Quilta grid = GridWithRows(0);
   grid.AddRow({.sKey = "a", .vTag = 1});
   grid.AddRow({.sKey = "b", .lCount = 2});
+  grid.SetCellValue(2, "c2", "text");
+  grid.SetCellValue(3, "c1", 2.5);
   GridSnapshot before = GridSnapshot::Of(grid);
   ExpectError(515, [&] { grid.AddRow({.sKey = "a", .lCount = 5}); });
   ExpectError(513, [&] { grid.AddRow({.vRowBefore = "zz", .lCount = 5}); });

@@ -26,15 +26,19 @@ struct GridSnapshot {
   std::vector<std::string> rowKeys, colKeys;
   std::vector<Variant> rowTags;
   std::vector<int32_t> keyLookups;
+  std::vector<Variant> cells;
 
   static GridSnapshot Of(const Quilta& g) {
-    GridSnapshot s{g.RowCount(), g.ColCount(), g.Sys(quSysMemMngAllocatedRows), {}, {}, {}, {}};
+    GridSnapshot s{g.RowCount(), g.ColCount(), g.Sys(quSysMemMngAllocatedRows), {}, {}, {}, {}, {}};
     for (int32_t r = 1; r <= g.RowCount(); ++r) {
       s.rowKeys.push_back(g.RowKey(r));
       s.rowTags.push_back(g.RowTag(r));
       s.keyLookups.push_back(s.rowKeys.back().empty() ? 0 : g.RowIndex(s.rowKeys.back()));
     }
-    for (int32_t c = 1; c <= g.ColCount(); ++c) s.colKeys.push_back(g.ColKey(c));
+    for (int32_t c = 1; c <= g.ColCount(); ++c) {
+      s.colKeys.push_back(g.ColKey(c));
+      for (int32_t r = 1; r <= g.RowCount(); ++r) s.cells.push_back(g.CellValue(r, c));
+    }
     return s;
   }
   bool operator==(const GridSnapshot&) const = default;
