@@ -59,6 +59,30 @@ TEST(FormatSections, PickedBySignZeroAndNull) {
   EXPECT_EQ(Format(Variant(-1), "\";\";0"), "1");
 }
 
+TEST(FormatSections, DocumentedExamples) {
+  struct Row {
+    const char* format;
+    const char* five;
+    const char* minusFive;
+    const char* half;
+    const char* zero;
+  };
+  const Row rows[] = {
+      {"#,##0", "5", "-5", "1", "0"},
+      {"$#,##0.00;($#,##0.00)", "$5.00", "($5.00)", "$0.50", "$0.00"},
+      {"0%", "500%", "-500%", "50%", "0%"},
+      {"0.00E-00", "5.00E00", "-5.00E00", "5.00E-01", "0.00E00"},
+      {"#,##0.00;;;Nil", "5.00", "-5.00", "0.50", "0.00"},
+  };
+  for (const Row& r : rows) {
+    const CompiledFormat f(r.format);
+    EXPECT_EQ(f.Apply(Variant(5)), r.five) << r.format;
+    EXPECT_EQ(f.Apply(Variant(-5)), r.minusFive) << r.format;
+    EXPECT_EQ(f.Apply(Variant(0.5)), r.half) << r.format;
+    EXPECT_EQ(f.Apply(Variant(0)), r.zero) << r.format;
+  }
+}
+
 TEST(FormatNumbers, RoundingAndDigitSources) {
   EXPECT_EQ(Format(Variant(0.125), "0.00"), "0.13");  // half away from zero
   EXPECT_EQ(Format(Variant(-0.125), "0.00"), "-0.13");

@@ -37,8 +37,8 @@ class NumberRenderer {
     digitsLeft_ = integerDigits_ + (padding > 0 ? padding : 0);
   }
 
-  void Render(const CompiledFormat& format, const Section& section) {
-    const Token* tokens = format.Tokens();
+  void Render(const FormatProgram& format, const Section& section) {
+    const Token* tokens = format.tokens.data();
     for (uint32_t k = section.begin; k < section.end; ++k) {
       const Token& t = tokens[k];
       switch (t.op) {
@@ -137,7 +137,7 @@ class NumberRenderer {
 
 }  // namespace
 
-void RenderNumberSection(const CompiledFormat& format, const Section& section, Decimal magnitude,
+void RenderNumberSection(const FormatProgram& format, const Section& section, Decimal magnitude,
                          bool negative, std::string& out) {
   const NumberLayout& layout = section.number;
   magnitude.Shift(layout.shift);
