@@ -109,6 +109,7 @@ TEST(FormatNumbers, FieldsGroupingAndScaling) {
   EXPECT_EQ(Format(Variant(0.5), "0%"), "50%");
   EXPECT_EQ(Format(Variant(5), "0\"%\""), "5%");
   EXPECT_EQ(Format(Variant(42), "(000) 000"), "(000) 042");
+  EXPECT_EQ(Format(Variant(-12.5), ".00"), "-12.50");  // no integer placeholder: digits stay
   EXPECT_EQ(Format(Variant(-42), "$ #,##0.00 \"pcs\""), "$ -42.00 pcs");
 }
 

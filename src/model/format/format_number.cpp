@@ -52,9 +52,7 @@ class NumberRenderer {
           DecimalPlaceholder(t.a);
           break;
         case Op::DecimalPoint:
-          NumberStarts();
-          WriteSign();
-          out_.push_back('.');
+          DecimalPoint();
           break;
         case Op::ExpMark:
           ExponentMark(static_cast<char>(t.a), t.flags & 1);
@@ -84,6 +82,15 @@ class NumberRenderer {
     out_.push_back(static_cast<char>('0' + digit));
     --digitsLeft_;
     if (layout_.grouping && digitsLeft_ > 0 && digitsLeft_ % 3 == 0) out_.push_back(',');
+  }
+
+  // Without integer placeholders the integer digits still show, right before the point.
+  void DecimalPoint() {
+    NumberStarts();
+    if (layout_.intPlaces == 0)
+      for (int64_t k = 0; k < integerDigits_; ++k) IntegerDigit(value_.DigitAt(k));
+    WriteSign();
+    out_.push_back('.');
   }
 
   // Digits fill the field from the right; surplus digits all go to the leftmost placeholder.
