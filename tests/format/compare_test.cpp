@@ -22,7 +22,7 @@ TEST(Compare, NumbersAcrossTypes) {
   EXPECT_EQ(Compare(Variant(int64_t{(1LL << 53) + 1}), Variant(9007199254740992.0)), VarCmpGt);
 }
 
-TEST(Compare, PrecisionRulesBetweenTypes) {
+TEST(Compare, PrecisionBetweenTypes) {
   // The Double is rounded to Single first, so 0.1f equals 0.1.
   EXPECT_EQ(Compare(Variant(0.1f), Variant(0.1)), VarCmpEq);
   EXPECT_EQ(Compare(Variant(0.1), Variant(0.1f)), VarCmpEq);
