@@ -125,6 +125,13 @@ Reading ReadSerial(const Variant& v, double& serial) {
 
 }  // namespace
 
+CompiledFormat::CompiledFormat(std::string_view pattern)
+    : pattern_(pattern), program_(CompileFormat(pattern)) {}
+
+const std::string& CompiledFormat::Pattern() const { return pattern_; }
+
+bool CompiledFormat::IsEmpty() const { return pattern_.empty(); }
+
 std::string CompiledFormat::Apply(const Variant& value) const {
   std::string out;
   AppendTo(value, out);
@@ -136,8 +143,8 @@ void CompiledFormat::AppendTo(const Variant& value, std::string& out) const {
     AppendPlainText(value, out);
     return;
   }
-  if (named_ != NamedMode::None) return AppendNamed(value, out);
-  FormatKind kind = kind_;
+  if (program_.named != NamedMode::None) return AppendNamed(value, out);
+  FormatKind kind = program_.kind;
   if (kind == FormatKind::Unknown) {  // literals only: the value's own kind decides
     kind = value.Type() == vbDate     ? FormatKind::Date
            : value.Type() == vbString ? FormatKind::String
@@ -156,14 +163,15 @@ void CompiledFormat::AppendTo(const Variant& value, std::string& out) const {
 // First section: positive (and zero, negative when the others are missing or empty);
 // second: negative; third: zero.
 size_t CompiledFormat::PickSection(bool negative, bool zero) const {
-  if (negative && sections_.size() >= 2 && !sections_[1].empty) return 1;
-  if (zero && sections_.size() >= 3 && !sections_[2].empty) return 2;
+  if (negative && program_.sections.size() >= 2 && !program_.sections[1].empty) return 1;
+  if (zero && program_.sections.size() >= 3 && !program_.sections[2].empty) return 2;
   return 0;
 }
 
 void CompiledFormat::AppendNumber(const Variant& value, std::string& out) const {
   if (value.IsNull()) {
-    if (sections_.size() >= 4) RenderNumberSection(*this, sections_[3], Decimal(), false, out);
+    if (program_.sections.size() >= 4)
+      RenderNumberSection(program_, program_.sections[3], Decimal(), false, out);
     return;
   }
   NumberValue n;
@@ -171,13 +179,15 @@ void CompiledFormat::AppendNumber(const Variant& value, std::string& out) const 
   if (reading == Reading::PlainText) AppendPlainText(value, out);
   if (reading != Reading::Value) return;
   const size_t index = PickSection(n.negative, n.magnitude.IsZero());
-  RenderNumberSection(*this, sections_[index], n.magnitude, n.negative && index == 0, out);
+  RenderNumberSection(program_, program_.sections[index], n.magnitude, n.negative && index == 0,
+                      out);
 }
 
 void CompiledFormat::AppendDate(const Variant& value, std::string& out) const {
   DateParts parts;
   if (value.IsNull()) {
-    if (sections_.size() >= 4) RenderDateSection(*this, sections_[3], parts, out);
+    if (program_.sections.size() >= 4)
+      RenderDateSection(program_, program_.sections[3], parts, out);
     return;
   }
   double serial = 0;
@@ -185,7 +195,7 @@ void CompiledFormat::AppendDate(const Variant& value, std::string& out) const {
   if (reading == Reading::PlainText) AppendPlainText(value, out);
   if (reading != Reading::Value) return;
   if (!SplitDateSerial(serial, parts)) return AppendDouble(serial, out);
-  RenderDateSection(*this, sections_[PickSection(serial < 0, serial == 0)], parts, out);
+  RenderDateSection(program_, program_.sections[PickSection(serial < 0, serial == 0)], parts, out);
 }
 
 void CompiledFormat::AppendString(const Variant& value, std::string& out) const {
@@ -199,14 +209,15 @@ void CompiledFormat::AppendString(const Variant& value, std::string& out) const 
   }
   // Null and the empty string take the second section, or give empty text without one.
   if (text.empty()) {
-    if (sections_.size() >= 2) RenderStringSection(*this, sections_[1], text, out);
+    if (program_.sections.size() >= 2)
+      RenderStringSection(program_, program_.sections[1], text, out);
     return;
   }
-  RenderStringSection(*this, sections_[0], text, out);
+  RenderStringSection(program_, program_.sections[0], text, out);
 }
 
 void CompiledFormat::AppendNamed(const Variant& value, std::string& out) const {
-  if (named_ == NamedMode::GeneralDate) {
+  if (program_.named == NamedMode::GeneralDate) {
     double serial = 0;
     const Reading reading = ReadSerial(value, serial);
     if (reading == Reading::Value) AppendDateText(serial, out);
@@ -218,7 +229,7 @@ void CompiledFormat::AppendNamed(const Variant& value, std::string& out) const {
   if (reading == Reading::PlainText) AppendPlainText(value, out);
   if (reading != Reading::Value) return;
   const bool zero = n.magnitude.IsZero();
-  switch (named_) {
+  switch (program_.named) {
     case NamedMode::YesNo:
       out.append(zero ? "No" : "Yes");
       break;

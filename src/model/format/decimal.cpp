@@ -82,6 +82,10 @@ Decimal Decimal::FromScaled(uint64_t value, int decimals) {
 
 Decimal Decimal::FromDouble(double value, int significantDigits) {
   if (!(value > 0)) return Decimal();
+  // Whole numbers that fit the digits need no rounding: the common case in a grid.
+  if (significantDigits >= 15 && value < 1e15 &&
+      value == static_cast<double>(static_cast<uint64_t>(value)))
+    return FromUnsigned(static_cast<uint64_t>(value));
   char buf[64];
   auto r = std::to_chars(buf, buf + sizeof buf, value, std::chars_format::scientific,
                          significantDigits - 1);

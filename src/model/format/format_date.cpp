@@ -74,9 +74,9 @@ void AppendDateText(double serial, std::string& out) {
     AppendDouble(serial, out);
 }
 
-void RenderDateSection(const CompiledFormat& format, const Section& section, const DateParts& d,
+void RenderDateSection(const FormatProgram& format, const Section& section, const DateParts& d,
                        std::string& out) {
-  const Token* tokens = format.Tokens();
+  const Token* tokens = format.tokens.data();
   const int hour = section.twelveHour ? Hour12(d.hour) : d.hour;
   for (uint32_t k = section.begin; k < section.end; ++k) {
     const Token& t = tokens[k];

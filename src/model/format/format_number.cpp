@@ -37,8 +37,8 @@ class NumberRenderer {
     digitsLeft_ = integerDigits_ + (padding > 0 ? padding : 0);
   }
 
-  void Render(const CompiledFormat& format, const Section& section) {
-    const Token* tokens = format.Tokens();
+  void Render(const FormatProgram& format, const Section& section) {
+    const Token* tokens = format.tokens.data();
     for (uint32_t k = section.begin; k < section.end; ++k) {
       const Token& t = tokens[k];
       switch (t.op) {
@@ -52,9 +52,7 @@ class NumberRenderer {
           DecimalPlaceholder(t.a);
           break;
         case Op::DecimalPoint:
-          NumberStarts();
-          WriteSign();
-          out_.push_back('.');
+          DecimalPoint();
           break;
         case Op::ExpMark:
           ExponentMark(static_cast<char>(t.a), t.flags & 1);
@@ -84,6 +82,15 @@ class NumberRenderer {
     out_.push_back(static_cast<char>('0' + digit));
     --digitsLeft_;
     if (layout_.grouping && digitsLeft_ > 0 && digitsLeft_ % 3 == 0) out_.push_back(',');
+  }
+
+  // Without integer placeholders the integer digits still show, right before the point.
+  void DecimalPoint() {
+    NumberStarts();
+    if (layout_.intPlaces == 0)
+      for (int64_t k = 0; k < integerDigits_; ++k) IntegerDigit(value_.DigitAt(k));
+    WriteSign();
+    out_.push_back('.');
   }
 
   // Digits fill the field from the right; surplus digits all go to the leftmost placeholder.
@@ -137,7 +144,7 @@ class NumberRenderer {
 
 }  // namespace
 
-void RenderNumberSection(const CompiledFormat& format, const Section& section, Decimal magnitude,
+void RenderNumberSection(const FormatProgram& format, const Section& section, Decimal magnitude,
                          bool negative, std::string& out) {
   const NumberLayout& layout = section.number;
   magnitude.Shift(layout.shift);

@@ -3,7 +3,7 @@
 // in the format's kind are copied as literals.
 #include <algorithm>
 
-#include "model/format/compiled_format.hpp"
+#include "model/format/format_program.hpp"
 #include "model/format/format_render.hpp"
 
 namespace quilta::fmt {
@@ -26,9 +26,10 @@ bool StartsWithNoCase(std::string_view s, size_t i, std::string_view lowerPrefix
          EqualsNoCase(s.substr(i, lowerPrefix.size()), lowerPrefix);
 }
 
+// Repeats of a letter at s[i], counted up to six: no date token is longer.
 size_t RunLength(std::string_view s, size_t i, char lowerLetter) {
   size_t k = i;
-  while (k < s.size() && Lower(s[k]) == lowerLetter) ++k;
+  while (k < s.size() && k - i < 6 && Lower(s[k]) == lowerLetter) ++k;
   return k - i;
 }
 
@@ -146,19 +147,16 @@ struct NumberItem {
   std::string_view text;
 };
 
-}  // namespace
-
 class FormatCompiler {
  public:
-  explicit FormatCompiler(CompiledFormat& format) : f_(format) {}
+  explicit FormatCompiler(FormatProgram& program) : f_(program) {}
 
   void Compile(std::string_view pattern) {
-    f_.pattern_.assign(pattern);
     if (pattern.empty()) return;
     std::string_view text = pattern;
     for (const NamedFormat& named : kNamedFormats) {
       if (!EqualsNoCase(pattern, named.name)) continue;
-      f_.named_ = named.mode;
+      f_.named = named.mode;
       if (named.mode != NamedMode::None) return;
       text = named.pattern;
       break;
@@ -166,8 +164,8 @@ class FormatCompiler {
     std::vector<std::string_view> parts;
     SplitSections(text, parts);
     for (std::string_view part : parts) {
-      f_.kind_ = DetectKind(part);
-      if (f_.kind_ != FormatKind::Unknown) break;
+      f_.kind = DetectKind(part);
+      if (f_.kind != FormatKind::Unknown) break;
     }
     for (std::string_view part : parts) CompileSection(part);
   }
@@ -175,10 +173,10 @@ class FormatCompiler {
  private:
   void CompileSection(std::string_view text) {
     Section section;
-    section.begin = static_cast<uint32_t>(f_.tokens_.size());
+    section.begin = static_cast<uint32_t>(f_.tokens.size());
     section.empty = text.empty();
-    sectionBegin_ = f_.tokens_.size();
-    switch (f_.kind_) {
+    sectionBegin_ = f_.tokens.size();
+    switch (f_.kind) {
       case FormatKind::Number:
         CompileNumber(text, section);
         break;
@@ -192,21 +190,21 @@ class FormatCompiler {
         CompileLiterals(text);
         break;
     }
-    section.end = static_cast<uint32_t>(f_.tokens_.size());
-    f_.sections_.push_back(section);
+    section.end = static_cast<uint32_t>(f_.tokens.size());
+    f_.sections.push_back(section);
   }
 
   void Add(Op op, uint8_t flags = 0, uint32_t a = 0, uint32_t b = 0) {
-    f_.tokens_.push_back(Token{op, flags, a, b});
+    f_.tokens.push_back(Token{op, flags, a, b});
   }
 
   // Literal text, merged into the previous literal token of the section when adjacent.
   void AddLiteral(std::string_view text) {
     if (text.empty()) return;
-    const uint32_t offset = static_cast<uint32_t>(f_.literals_.size());
-    f_.literals_.append(text);
-    if (f_.tokens_.size() > sectionBegin_) {
-      Token& last = f_.tokens_.back();
+    const uint32_t offset = static_cast<uint32_t>(f_.literals.size());
+    f_.literals.append(text);
+    if (f_.tokens.size() > sectionBegin_) {
+      Token& last = f_.tokens.back();
       if (last.op == Op::Literal && last.a + last.b == offset) {
         last.b += static_cast<uint32_t>(text.size());
         return;
@@ -281,6 +279,9 @@ class FormatCompiler {
       if (items[k].type == NumberItem::ExponentPlaceholder && items[k].ch == '0') ++exponentZeros;
     }
     const size_t integerEnd = std::min(point, exponent);
+    size_t lastIntegerPlaceholder = 0;
+    for (size_t k = 0; k < integerEnd; ++k)
+      if (items[k].type == NumberItem::Placeholder) lastIntegerPlaceholder = k;
     NumberLayout& layout = section.number;
     layout.scientific = exponent != items.size();
     layout.firstIntZero = -1;
@@ -305,7 +306,7 @@ class FormatCompiler {
           // divides by 1000; anywhere else it is an ordinary character.
           if (k >= integerEnd || layout.intPlaces == 0) {
             AddLiteral(",");
-          } else if (PlaceholderIn(items, k + 1, integerEnd)) {
+          } else if (k < lastIntegerPlaceholder) {
             layout.grouping = true;
           } else {
             commasToScale = std::min(commasToScale + 1, kMaxScaleTokens);
@@ -328,12 +329,6 @@ class FormatCompiler {
     }
     if (layout.firstIntZero < 0) layout.firstIntZero = layout.intPlaces;
     layout.shift = 2 * percents - 3 * commasToScale;
-  }
-
-  static bool PlaceholderIn(const std::vector<NumberItem>& items, size_t from, size_t to) {
-    for (size_t k = from; k < to; ++k)
-      if (items[k].type == NumberItem::Placeholder) return true;
-    return false;
   }
 
   // ---- dates ----
@@ -458,10 +453,16 @@ class FormatCompiler {
     section.caseMode = lower ? CaseMode::Lower : upper ? CaseMode::Upper : CaseMode::Keep;
   }
 
-  CompiledFormat& f_;
+  FormatProgram& f_;
   size_t sectionBegin_ = 0;
 };
 
-CompiledFormat::CompiledFormat(std::string_view pattern) { FormatCompiler(*this).Compile(pattern); }
+}  // namespace
+
+FormatProgram CompileFormat(std::string_view pattern) {
+  FormatProgram program;
+  FormatCompiler(program).Compile(pattern);
+  return program;
+}
 
 }  // namespace quilta::fmt

@@ -6,20 +6,20 @@
 #include <string>
 #include <string_view>
 
-#include "model/format/compiled_format.hpp"
 #include "model/format/date_serial.hpp"
 #include "model/format/decimal.hpp"
+#include "model/format/format_program.hpp"
 
 namespace quilta::fmt {
 
 // Writes a number section for |value|; a '-' goes before the first digit or decimal point
 // when `negative` (the first section formatting a negative value).
-void RenderNumberSection(const CompiledFormat& format, const Section& section, Decimal magnitude,
+void RenderNumberSection(const FormatProgram& format, const Section& section, Decimal magnitude,
                          bool negative, std::string& out);
-void RenderDateSection(const CompiledFormat& format, const Section& section, const DateParts& date,
+void RenderDateSection(const FormatProgram& format, const Section& section, const DateParts& date,
                        std::string& out);
-void RenderStringSection(const CompiledFormat& format, const Section& section,
-                         std::string_view text, std::string& out);
+void RenderStringSection(const FormatProgram& format, const Section& section, std::string_view text,
+                         std::string& out);
 
 // m/d/yyyy h:mm:ss AM/PM, without the time at midnight and without the date on day 0.
 void AppendGeneralDate(const DateParts& date, std::string& out);

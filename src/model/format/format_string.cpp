@@ -23,8 +23,8 @@ size_t CountCharacters(std::string_view s) {
 
 }  // namespace
 
-void RenderStringSection(const CompiledFormat& format, const Section& section,
-                         std::string_view text, std::string& out) {
+void RenderStringSection(const FormatProgram& format, const Section& section, std::string_view text,
+                         std::string& out) {
   std::string converted;
   if (section.caseMode != CaseMode::Keep) {
     converted = section.caseMode == CaseMode::Lower ? text::ToLower(text) : text::ToUpper(text);
@@ -36,7 +36,7 @@ void RenderStringSection(const CompiledFormat& format, const Section& section,
   // Placeholders without a character come first, or last with '!'.
   const size_t emptyFrom = section.padAtEnd ? placeholders - missing : 0;
   const size_t emptyTo = section.padAtEnd ? placeholders : missing;
-  const Token* tokens = format.Tokens();
+  const Token* tokens = format.tokens.data();
   size_t placeholder = 0;
   size_t cursor = 0;
   for (uint32_t k = section.begin; k < section.end; ++k) {
