@@ -144,8 +144,6 @@ class Variant {
   detail::ArrRep* MutableArray();
 
   uint16_t type_;
-  uint16_t reserved16_ = 0;
-  uint32_t reserved32_ = 0;
   union Payload {
     bool b;
     int16_t i;
