@@ -280,6 +280,27 @@ class Quilta {
   // (geometry section end)
 
   // ---- Row hierarchy -----------------------------------------------------------------------
+  uint8_t RowLevel(const Variant& vRow) const;
+  void SetRowLevel(const Variant& vRow, uint8_t btLevel);
+  int32_t RowParent(const Variant& vRow) const;  // 0 for none
+  int32_t RowLastNested(const Variant& vRow) const;
+  int32_t RowChildCount(const Variant& vRow) const;
+  bool RowHasChildren(const Variant& vRow) const;
+  bool RowExpanded(const Variant& vRow) const;
+  void SetRowExpanded(const Variant& vRow, bool bExpanded);
+  bool RowVisibleAsChild(const Variant& vRow) const;
+  void SetRowVisibleAsChild(const Variant& vRow, bool bVisibleAsChild);
+  ERowTreeButton RowTreeButton(const Variant& vRow) const;
+  void SetRowTreeButton(const Variant& vRow, ERowTreeButton eTreeButton);
+  bool AddRowAutoTreeButton() const;
+  void SetAddRowAutoTreeButton(bool bAuto);
+  void CollapseAllChildRows(const Variant& vRow);
+  void ExpandAllChildRows(const Variant& vRow);
+  void CollapseAllRows();
+  void ExpandAllRows();
+  // Moves lCount sibling rows starting at vRow, each with its subtree, next to vRowNewPos.
+  void MoveRow(const Variant& vRow, const Variant& vRowNewPos, int32_t lCount = 1,
+               EMoveRowMode eMode = quMoveRowBefore);
   // (hierarchy section end)
 
   // ---- Sorting -----------------------------------------------------------------------------

@@ -65,6 +65,10 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // ---- Editing: ends an in-cell edit before geometry or order changes (raises QuitCustomEdit).
   void EndEditing();
 
+  // ---- Row hierarchy
+  // Invalidates every derived position and runs both position passes (TreeCol, RowLevel).
+  void RelayoutAll();
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
