@@ -10,6 +10,7 @@
 #include <quilta/font.hpp>
 #include <quilta/host.hpp>
 #include <quilta/platform/platform.hpp>
+#include <quilta/sort_group_object.hpp>
 #include <quilta/variant.hpp>
 #include <string>
 #include <string_view>
@@ -304,6 +305,10 @@ class Quilta {
   // (hierarchy section end)
 
   // ---- Sorting -----------------------------------------------------------------------------
+  SortGroupObject& SortObject();
+  const SortGroupObject& SortObject() const;
+  SortGroupObject& GroupObject();
+  const SortGroupObject& GroupObject() const;
   // (sorting section end)
 
   // ---- Current cell (the part the stores keep in step) ------------------------------------

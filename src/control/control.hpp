@@ -11,6 +11,7 @@
 #include "model/control_properties.hpp"
 #include "model/grid_store.hpp"
 #include "model/store_listener.hpp"
+#include "ops/sorting/sort_group_access.hpp"
 
 namespace quilta::control {
 
@@ -84,6 +85,11 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   model::GridStore store;
   int32_t curRow = 0;
   int32_t curCol = 0;
+  // Sorting and grouping criteria. groupedBy holds the criteria the grid is currently grouped by;
+  // grouping does not build group rows yet, so it stays empty and the grid is never grouped.
+  SortGroupObject sortObject;
+  SortGroupObject groupObject;
+  ops::Criteria groupedBy;
   // (subsystem state end)
 };
 
