@@ -309,6 +309,24 @@ class Quilta {
   const SortGroupObject& SortObject() const;
   SortGroupObject& GroupObject();
   const SortGroupObject& GroupObject() const;
+  // vCols: one column reference or a one-dimensional array of them; missing = SortObject as is.
+  void Sort(const Variant& vCols = Variant::Missing(),
+            const Variant& vRowStart = Variant::Missing(),
+            const Variant& vRowEnd = Variant::Missing());
+  // What a header click does; eSortOrder -1 flips the column's order.
+  void DoDefaultSort(const Variant& vCol, int16_t iShift = 0,
+                     ESortOrders eSortOrder = static_cast<ESortOrders>(-1),
+                     const Variant& vRowStart = Variant::Missing(),
+                     const Variant& vRowEnd = Variant::Missing());
+  void SortRowChildNodes(const Variant& vRow);
+  ESortTypes ColSortType(const Variant& vCol) const;
+  void SetColSortType(const Variant& vCol, ESortTypes eSortType);
+  ESortOrders ColSortOrderDefault(const Variant& vCol) const;
+  void SetColSortOrderDefault(const Variant& vCol, ESortOrders eSortOrder);
+  ESortOrders ColSortOrder(const Variant& vCol) const;
+  void SetColSortOrder(const Variant& vCol, ESortOrders eSortOrder);
+  int32_t ColSortKey(const Variant& vCol) const;
+  void SetColSortKey(const Variant& vCol, int32_t lSortKey);
   // (sorting section end)
 
   // ---- Current cell (the part the stores keep in step) ------------------------------------

@@ -66,9 +66,18 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // ---- Editing: ends an in-cell edit before geometry or order changes (raises QuitCustomEdit).
   void EndEditing();
 
-  // ---- Row hierarchy
+  // ---- Row hierarchy and sorting
   // Invalidates every derived position and runs both position passes (TreeCol, RowLevel).
   void RelayoutAll();
+  // The sort marks that the column headers show changed (ColSortKey, ColSortOrder).
+  void SortMarksChanged();
+  // After a sort, with SortScrollToCurRow: brings the current row into view.
+  void ScrollCurRowIntoView();
+  // Whether drawing raises CellDynamicIcons (DynamicContentEvents); icon sorts then compare the
+  // icons it returns.
+  bool CellDynamicIconsEnabled() const;
+  // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
+  void Regroup();
 
   // (subsystem hooks end)
 
