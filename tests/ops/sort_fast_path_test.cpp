@@ -159,6 +159,26 @@ TEST(SortKeys, TextSortTypes) {
   }
 }
 
+// Many texts sharing their first 8 and 16 bytes, some differing only in length or in zero bytes.
+TEST(SortKeys, TextsWithLongCommonBeginnings) {
+  std::vector<Variant> texts = {"Customer",
+                                "customer",
+                                std::string("Customer\0", 9),
+                                "Customer account 1",
+                                "CUSTOMER ACCOUNT",
+                                "Customer account",
+                                std::string("Customer account\0\0", 18)};
+  for (int i = 0; i < 300; ++i)
+    texts.push_back("Customer" + std::string(1, "aBc"[i % 3]) + std::string(1, "XyZ"[i / 3 % 3]) +
+                    " account " + std::string(i % 5, i % 2 ? 'Q' : 'q') +
+                    std::to_string(i * 7919 % 1000));
+  ExpectExactOrder(Random(6000, 1, texts, 9), quSortByValueGeneral, {false}, kGeneral);
+  CellCompare binary = [](const Variant& a, const Variant& b) {
+    return ops::CompareText(a.StringView(), b.StringView(), false);
+  };
+  ExpectExactOrder(Random(6000, 1, texts, 10), quSortByValueUseCase, {true}, binary);
+}
+
 TEST(SortKeys, IconIndexes) {
   std::vector<Variant> icons = {-2, 0, 3, 3, 7, 100};
   std::vector<Row> rows = Random(1000, 1, icons, 5);

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <deque>
 #include <limits>
 #include <string_view>
 
 #include "control/control.hpp"
-#include "model/text/text.hpp"
+#include "ops/sorting/radix_sort.hpp"
+#include "ops/sorting/text_ranking.hpp"
 
 namespace quilta::ops {
 namespace {
@@ -18,79 +18,6 @@ struct Ranks {
   std::vector<uint32_t> rank;  // by offset
   uint32_t distinct = 0;
 };
-
-// Walks the rows in a candidate order and ranks them: a neighbour that compares equal shares the
-// rank, a greater one gets the next. Fails when a neighbour compares smaller, i.e. the candidate
-// order is not the exact one. For a consistent total order, checking neighbours is enough.
-template <class Exact>
-bool RankInOrder(const Order& order, Exact exact, Ranks& out) {
-  uint32_t next = 0;
-  for (size_t i = 0; i < order.size(); ++i) {
-    if (i > 0) {
-      int c = exact(order[i - 1], order[i]);
-      if (c > 0) return false;
-      if (c < 0) ++next;
-    }
-    out.rank[order[i]] = next;
-  }
-  out.distinct = order.empty() ? 0 : next + 1;
-  return true;
-}
-
-// ---- Texts -----------------------------------------------------------------------------------
-
-char Fold(char ch, bool fold) { return fold && ch >= 'A' && ch <= 'Z' ? char(ch + 32) : ch; }
-
-uint64_t Prefix(std::string_view s, bool fold) {
-  uint64_t p = 0;
-  for (size_t i = 0; i < 8; ++i)
-    p = (p << 8) | (i < s.size() ? static_cast<unsigned char>(Fold(s[i], fold)) : 0u);
-  return p;
-}
-
-// Orders texts that share their first eight bytes by the rest.
-bool TailLess(std::string_view a, std::string_view b, bool fold) {
-  size_t n = std::min(a.size(), b.size());
-  for (size_t i = 8; i < n; ++i) {
-    auto x = static_cast<unsigned char>(Fold(a[i], fold));
-    auto y = static_cast<unsigned char>(Fold(b[i], fold));
-    if (x != y) return x < y;
-  }
-  return a.size() < b.size();
-}
-
-// Appends the rows of `offsets` to `order`, sorted by text (by character code, or ignoring case
-// with the texts folded to lower case). Sorting by the first eight bytes as one integer settles
-// most pairs; only rows sharing those are compared further.
-void AppendByText(const std::vector<std::string_view>& texts, const Order& offsets, bool fold,
-                  Order& order) {
-  std::deque<std::string> folded;  // lower-case copies of texts beyond ASCII
-  std::vector<std::string_view> views(offsets.size());
-  struct Entry {
-    uint64_t prefix;
-    uint32_t item;
-  };
-  std::vector<Entry> entries(offsets.size());
-  for (size_t i = 0; i < offsets.size(); ++i) {
-    std::string_view s = texts[i];
-    if (fold && std::any_of(s.begin(), s.end(), [](char ch) { return ch & 0x80; }))
-      s = folded.emplace_back(text::ToLower(s));
-    views[i] = s;
-    entries[i] = Entry{Prefix(s, fold), static_cast<uint32_t>(i)};
-  }
-  std::sort(entries.begin(), entries.end(),
-            [](const Entry& a, const Entry& b) { return a.prefix < b.prefix; });
-  for (size_t i = 0; i < entries.size();) {
-    size_t j = i + 1;
-    while (j < entries.size() && entries[j].prefix == entries[i].prefix) ++j;
-    if (j - i > 1)
-      std::sort(entries.begin() + i, entries.begin() + j, [&](const Entry& a, const Entry& b) {
-        return TailLess(views[a.item], views[b.item], fold);
-      });
-    i = j;
-  }
-  for (const Entry& e : entries) order.push_back(offsets[e.item]);
-}
 
 // ---- Values by the general rule --------------------------------------------------------------
 
@@ -147,98 +74,95 @@ bool AsNumber(const Variant& v, double& out) {
   }
 }
 
+// Nulls first, then numbers, then strings; Empty joins the numbers as 0, or the strings as "".
 bool RankGeneral(control::Control& c, const PlannedCriterion& k, int32_t first, Ranks& out) {
-  uint32_t n = static_cast<uint32_t>(out.rank.size());
-  std::vector<const Variant*> values(n);
-  Order nulls, empties, strings;
-  std::vector<std::pair<double, uint32_t>> numbers;
-  std::vector<std::string_view> texts;
+  auto n = static_cast<uint32_t>(out.rank.size());
+  auto value = [&](uint32_t off) -> const Variant& {
+    return c.store.CellAt(first + static_cast<int32_t>(off), k.col).value;
+  };
+  Order nulls, empties;
+  std::vector<KeyedEntry> numbers;
+  TextRanking texts(true, n);
   int lossy = 0;
   for (uint32_t off = 0; off < n; ++off) {
-    const Variant& v = c.store.CellAt(first + static_cast<int32_t>(off), k.col).value;
-    values[off] = &v;
+    const Variant& v = value(off);
     double d = 0;
-    if (v.IsNull()) {
+    if (v.IsString()) {
+      texts.Add(v.StringView(), off);
+    } else if (v.IsNull()) {
       nulls.push_back(off);
     } else if (v.IsEmpty()) {
       empties.push_back(off);
-    } else if (v.IsString()) {
-      strings.push_back(off);
-      texts.push_back(v.StringView());
     } else if (AsNumber(v, d)) {
       lossy |= LossyKind(v.Type());
-      numbers.emplace_back(d, off);
+      numbers.push_back(KeyedEntry{OrderedBits(d), off, 0});
     } else {
       return false;  // objects, arrays, errors
     }
   }
   if ((lossy & (lossy - 1)) != 0) return false;
-  // Empty compares as 0 with numbers and as "" with strings: fine with either, not with both.
-  if (!empties.empty() && !strings.empty() && !numbers.empty()) return false;
+  // Empty equals both 0 and "", which differ from each other.
+  if (!empties.empty() && texts.Size() > 0 && !numbers.empty()) return false;
   for (uint32_t off : empties) {
-    if (strings.empty()) {
-      numbers.emplace_back(0.0, off);
+    if (texts.Size() > 0) {
+      texts.Add(std::string_view(), off);
     } else {
-      strings.push_back(off);
-      texts.push_back(std::string_view());
+      numbers.push_back(KeyedEntry{OrderedBits(0.0), off, 0});
     }
   }
-  std::sort(numbers.begin(), numbers.end(),
-            [](const auto& a, const auto& b) { return a.first < b.first; });
-  Order order = std::move(nulls);
-  order.reserve(n);
-  for (const auto& number : numbers) order.push_back(number.second);
-  AppendByText(texts, strings, true, order);
-  return RankInOrder(
-      order, [&](uint32_t a, uint32_t b) { return CompareGeneral(*values[a], *values[b]); }, out);
+  RadixSort(numbers);
+  RankWriter ranks(out.rank);
+  for (uint32_t off : nulls) ranks.Put(off, 0);
+  ranks.NextGroup();
+  for (size_t i = 0; i < numbers.size(); ++i) {
+    // Plain numeric types compare exactly as doubles; the lossy kinds through the rule itself.
+    const KeyedEntry& prev = numbers[i == 0 ? 0 : i - 1];
+    int cmp = i == 0  ? -1
+              : lossy ? CompareGeneral(value(prev.a), value(numbers[i].a))
+                      : (prev.key > numbers[i].key) - (prev.key < numbers[i].key);
+    if (!ranks.Put(numbers[i].a, cmp)) return false;
+  }
+  ranks.NextGroup();
+  if (!texts.Rank(ranks)) return false;
+  out.distinct = ranks.Distinct();
+  return true;
 }
 
 // ---- Texts and fields ------------------------------------------------------------------------
 
 bool RankTexts(const PlannedCriterion& k, Ranks& out) {
-  uint32_t n = static_cast<uint32_t>(out.rank.size());
-  bool noCase = NoCase(k.type);
-  Order order, others;
-  std::vector<std::string_view> texts;
+  auto n = static_cast<uint32_t>(out.rank.size());
+  RankWriter ranks(out.rank);
+  TextRanking texts(NoCase(k.type), n);
   for (uint32_t off = 0; off < n; ++off) {
     if (!k.nulls.empty() && k.nulls[off]) {
-      order.push_back(off);
+      ranks.Put(off, 0);
     } else {
-      others.push_back(off);
-      texts.push_back(k.texts[off]);
+      texts.Add(k.texts[off], off);
     }
   }
-  AppendByText(texts, others, noCase, order);
-  return RankInOrder(
-      order,
-      [&](uint32_t a, uint32_t b) {
-        if (!k.nulls.empty()) {
-          int nulls = CompareNulls(k.nulls[a], k.nulls[b]);
-          if (nulls != 2) return nulls;
-        }
-        return CompareText(k.texts[a], k.texts[b], noCase);
-      },
-      out);
+  ranks.NextGroup();
+  if (!texts.Rank(ranks)) return false;
+  out.distinct = ranks.Distinct();
+  return true;
 }
 
 bool RankFields(control::Control& c, const PlannedCriterion& k, int32_t first, Ranks& out) {
-  uint32_t n = static_cast<uint32_t>(out.rank.size());
-  std::vector<int64_t> fields(n);
-  for (uint32_t off = 0; off < n; ++off)
-    fields[off] = FieldValue(k.type, c.store.CellAt(first + static_cast<int32_t>(off), k.col));
-  auto [low, high] = std::minmax_element(fields.begin(), fields.end());
-  if (!FieldsOrderNaturally(k.type, *low, *high)) return false;
-  Order order(n);
-  for (uint32_t i = 0; i < n; ++i) order[i] = i;
-  std::sort(order.begin(), order.end(),
-            [&](uint32_t a, uint32_t b) { return fields[a] < fields[b]; });
-  return RankInOrder(
-      order,
-      [&](uint32_t a, uint32_t b) {
-        int64_t d = CompareFields(k.type, fields[a], fields[b]);
-        return (d > 0) - (d < 0);
-      },
-      out);
+  auto n = static_cast<uint32_t>(out.rank.size());
+  std::vector<KeyedEntry> fields(n);
+  int64_t low = std::numeric_limits<int64_t>::max(), high = std::numeric_limits<int64_t>::min();
+  for (uint32_t off = 0; off < n; ++off) {
+    int64_t v = FieldValue(k.type, c.store.CellAt(first + static_cast<int32_t>(off), k.col));
+    low = std::min(low, v), high = std::max(high, v);
+    fields[off] = KeyedEntry{OrderedBits(v), off, 0};
+  }
+  if (!FieldsOrderNaturally(k.type, low, high)) return false;
+  RadixSort(fields);
+  RankWriter ranks(out.rank);
+  for (uint32_t i = 0; i < n; ++i)
+    ranks.Put(fields[i].a, i == 0 || fields[i - 1].key != fields[i].key ? -1 : 0);
+  out.distinct = ranks.Distinct();
+  return true;
 }
 
 bool RankCriterion(control::Control& c, const SortPlan& plan, const PlannedCriterion& k,
@@ -264,13 +188,14 @@ bool RankCriterion(control::Control& c, const SortPlan& plan, const PlannedCrite
 }  // namespace
 
 uint64_t DenseRank(std::vector<uint64_t>& key) {
-  std::vector<std::pair<uint64_t, uint32_t>> sorted(key.size());
-  for (size_t i = 0; i < key.size(); ++i) sorted[i] = {key[i], static_cast<uint32_t>(i)};
-  std::sort(sorted.begin(), sorted.end());
+  std::vector<KeyedEntry> sorted(key.size());
+  for (size_t i = 0; i < key.size(); ++i)
+    sorted[i] = KeyedEntry{key[i], static_cast<uint32_t>(i), 0};
+  RadixSort(sorted);
   uint64_t next = 0;
   for (size_t i = 0; i < sorted.size(); ++i) {
-    if (i > 0 && sorted[i].first != sorted[i - 1].first) ++next;
-    key[sorted[i].second] = next;
+    if (i > 0 && sorted[i].key != sorted[i - 1].key) ++next;
+    key[sorted[i].a] = next;
   }
   return sorted.empty() ? 0 : next + 1;
 }
