@@ -349,3 +349,44 @@ TEST(Sort, SortRowChildNodesSortsOneLevelWithoutEvents) {
 }
 
 }  // namespace
+
+namespace {
+
+// Grouping is not built yet; these set the grouped state directly, as grouping will.
+TEST(SortGrouped, GroupRowsFenceOffTheRunsBetweenThem) {
+  Quilta g = Grid({"group", "c", "a", "b", "group", "z", "y"});
+  for (int32_t r : {1, 5}) g.Internals().store.Rows().At(r).flags |= model::RowRecord::kGroupRow;
+  g.Internals().groupedBy = {{2, quSortAsc, quSortByValueGeneral}};
+  g.Sort(1);
+  EXPECT_EQ(TagOrder(g), (Tags{1, 3, 4, 2, 5, 7, 6}));
+  g.SortObject().Clear();
+  g.SortObject().AddItem(2);
+  g.SortObject().AddItem(1);
+  g.DoDefaultSort(1, 1);  // Shift: the group prefix goes, column 1 flips within the sort
+  EXPECT_EQ(TagOrder(g), (Tags{1, 2, 4, 3, 5, 6, 7}));
+  EXPECT_EQ(g.SortObject().ColCount(), 2);
+  EXPECT_EQ(g.SortObject().SortCol(1), 2);
+  EXPECT_EQ(g.SortObject().SortOrder(2), quSortDesc);
+}
+
+TEST(SortGrouped, GroupedColumnHeaderReversesTheGroupInsteadOfSorting) {
+  Quilta g = Grid({"b", "a", "c"}, {2, 1, 3});
+  g.Internals().groupedBy = {{2, quSortAsc, quSortByValueGeneral}};
+  EventLog events;
+  g.SetEventSink(&events);
+  g.DoDefaultSort(2);
+  EXPECT_TRUE(events.log.empty());
+  EXPECT_EQ(g.GroupObject().ColCount(), 1);
+  EXPECT_EQ(g.GroupObject().SortOrder(1), quSortDesc);
+  EXPECT_EQ(TagOrder(g), (Tags{1, 2, 3}));
+}
+
+TEST(SortGrouped, GroupedGridOfTwoRowsIsLeftAsItIs) {
+  Quilta g = Grid({"b", "a"});
+  g.Internals().groupedBy = {{2, quSortAsc, quSortByValueGeneral}};
+  g.Sort(1);
+  EXPECT_EQ(TagOrder(g), (Tags{1, 2}));
+  EXPECT_EQ(g.ColSortKey(1), 1);
+}
+
+}  // namespace
