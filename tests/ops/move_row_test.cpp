@@ -33,8 +33,14 @@ TEST(MoveRow, BeforeAndAfterMakeTheBlockTheTargetsSiblings) {
   g.MoveRow("B", "A2");
   EXPECT_EQ(Order(g), (Keys{"A", "B", "B1", "A2", "A1", "A1a", "A1b"}));
   EXPECT_EQ(Levels(g), (std::vector<int>{0, 1, 2, 1, 0, 1, 1}));
+  g.Internals().SetCurrentCell(g.RowIndex("B1"), 1);
+  g.MoveRow("A2", "B1", 1, quMoveRowAfter);  // already there: only the level changes
+  EXPECT_EQ(Order(g), (Keys{"A", "B", "B1", "A2", "A1", "A1a", "A1b"}));
+  EXPECT_EQ(g.RowLevel("A2"), 2);
+  EXPECT_EQ(g.CurRow(), 3);
   g.MoveRow("A1a", "A");  // before its old grandparent
   EXPECT_EQ(Order(g), (Keys{"A1a", "A", "B", "B1", "A2", "A1", "A1b"}));
+  EXPECT_EQ(g.CurRow(), 4);
   EXPECT_EQ(g.RowLevel("A1a"), 0);
   for (int32_t r = 1; r <= 7; ++r) EXPECT_EQ(g.Internals().store.Rows().At(r).startY, (r - 1) * 18);
 }

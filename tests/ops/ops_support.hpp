@@ -14,6 +14,7 @@ inline model::Cell& CellOf(Quilta& g, int32_t row, int32_t col) {
 }
 inline void SetValue(Quilta& g, int32_t row, int32_t col, const Variant& v) {
   CellOf(g, row, col).value = v;
+  g.Internals().store.Cells().Column(col).NoteRefs(CellOf(g, row, col));
 }
 
 // Rows are told apart by their tags: row r starts with tag r.
