@@ -44,6 +44,15 @@ void Control::SetCellProperty(int32_t row, int32_t colIndex, ECellProperty p, co
   RequestRedraw();
 }
 
+void Control::SetCellValue(int32_t row, int32_t colIndex, const Variant& value) {
+  model::Cell& cell = store.MutableCell(row, colIndex);
+  cell.value = value;
+  store.Cells().Column(colIndex).NoteRefs(cell);
+  cell.state |= model::Cell::kRemeasure;
+  geometry.RecordChange(model::kLayoutRows);
+  RequestRedraw();
+}
+
 // One conversion and check, then one pass writing the field of every cell in the row range.
 void Control::SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Variant& raw,
                                      int32_t firstRow, int32_t lastRow) {

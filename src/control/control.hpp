@@ -64,6 +64,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
 
   // ---- Cells: one property of one cell (resolved row and column index).
   Variant CellProperty(int32_t row, int32_t colIndex, ECellProperty p) const;
+  // The value needs no conversion: the hot path of loading a grid cell by cell.
+  void SetCellValue(int32_t row, int32_t colIndex, const Variant& value);
   void SetCellProperty(int32_t row, int32_t colIndex, ECellProperty p, const Variant& raw);
   void SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Variant& raw,
                               int32_t firstRow, int32_t lastRow);

@@ -35,7 +35,8 @@ Variant Quilta::CellValue(const Variant& vRow, const Variant& vCol) const {
   return c_->store.CellAt(ref.row, ref.colIndex).value;
 }
 void Quilta::SetCellValue(const Variant& vRow, const Variant& vCol, const Variant& vValue) {
-  SetCellProp(*c_, vRow, vCol, quPropCellValue, vValue);
+  CellRef ref = Resolve(*c_, vRow, vCol);
+  c_->SetCellValue(ref.row, ref.colIndex, vValue);
 }
 ECellTypes Quilta::CellType(const Variant& vRow, const Variant& vCol) const {
   return static_cast<ECellTypes>(GetCellProp(*c_, vRow, vCol, quPropCellType).LongValue());

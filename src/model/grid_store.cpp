@@ -15,6 +15,10 @@ namespace {
 
 // A numeric reference rounded to the nearest integer, ties to even; false when out of range.
 bool NumberToIndex(const Variant& v, int32_t& out) {
+  if (v.Type() == vbLong) {  // the common case: a plain int from host code
+    out = v.LongValue();
+    return true;
+  }
   if (!v.IsNumber()) return false;
   double d = std::nearbyint(CDbl(v));  // the default rounding mode rounds half to even
   if (!(d >= std::numeric_limits<int32_t>::min() && d <= std::numeric_limits<int32_t>::max()))
