@@ -2,6 +2,7 @@
 // and by a string and a number column. Each run sorts the same shuffled rows.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <quilta/quilta.hpp>
@@ -44,9 +45,19 @@ struct SortGrid {
       store.MutableCell(r, 1).value = Variant(word);
       store.Cells().Column(1).NoteRefs(store.MutableCell(r, 1));
       store.MutableCell(r, 2).value = Variant(static_cast<int32_t>(random() % 10000));
+      store.MutableCell(r, 3).value = Variant(static_cast<int32_t>(random() % 1000000));
     }
     shuffled = store.Rows().Records();
+    // Rows in an order unrelated to their physical rows, as after an earlier sort.
+    scattered = shuffled;
+    std::shuffle(scattered.begin(), scattered.end(), random);
   }
+
+  void Scatter() {
+    grid.Internals().store.Rows().Records() = scattered;
+    grid.Internals().store.Rows().NotePositionsChanged(1);
+  }
+  std::vector<model::RowRecord> scattered;
 
   void Reshuffle() {
     grid.Internals().store.Rows().Records() = shuffled;
@@ -75,6 +86,21 @@ void SortBy(benchmark::State& state, const std::vector<int32_t>& cols, ESortType
 }
 
 void BM_SortOneStringColumn(benchmark::State& state) { SortBy(state, {1}, quSortByValueGeneral); }
+
+// Integers 0..999999 (about a third of them repeated) in rows scattered over the cell store.
+void BM_SortIntegerColumnScattered(benchmark::State& state) {
+  SortGrid& g = GridOf(static_cast<int32_t>(state.range(0)));
+  for (auto _ : state) {
+    state.PauseTiming();
+    g.Scatter();
+    g.grid.SortObject().Clear();
+    g.grid.SortObject().AddItem(3, quSortAsc, quSortByValueGeneral);
+    state.ResumeTiming();
+    g.grid.Sort();
+  }
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(BM_SortIntegerColumnScattered)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 void BM_SortStringThenNumber(benchmark::State& state) {
   SortBy(state, {1, 2}, quSortByValueGeneral);
 }

@@ -2,6 +2,7 @@
 // same data is sorted once by the grid's own sort types (keys) and once through a CustomSort
 // handler applying the same comparison (events), and both are checked against the row sort as
 // documented, run here on plain values.
+#include <algorithm>
 #include <functional>
 #include <random>
 
@@ -164,4 +165,15 @@ TEST(SortKeys, TextsWithLongCommonBeginnings) {
   }
 }
 
+}  // namespace
+
+namespace {
+TEST(SortKeys, DistinctValuesTakeTheDirectRouteToTheSameOrder) {
+  std::vector<Row> rows(3000, Row(1));
+  std::mt19937 random(11);
+  for (size_t i = 0; i < rows.size(); ++i) rows[i][0] = static_cast<int32_t>(i * 7919 % 100003);
+  std::shuffle(rows.begin(), rows.end(), random);
+  ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{false}, kGeneral});
+  ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{true}, kGeneral});
+}
 }  // namespace

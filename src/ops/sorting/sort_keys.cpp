@@ -19,6 +19,28 @@ struct Ranks {
   uint32_t distinct = 0;
 };
 
+// Calls fn(offset, cell) for the cells of a column in the rows first..first+n-1. When the range is
+// a good part of the grid, the cells are visited in physical-row order: after an earlier sort the
+// rows lie scattered over the cell store, and reading the column front to back keeps the reads
+// sequential.
+template <class Fn>
+void ForEachCell(control::Control& c, int32_t col, int32_t first, uint32_t n, Fn&& fn) {
+  const model::RowStore& rows = c.store.Rows();
+  const model::CellStore& cells = c.store.Cells();
+  const int32_t high = rows.PhysHighWater();
+  if (static_cast<int64_t>(n) * 4 < high) {
+    for (uint32_t off = 0; off < n; ++off)
+      fn(off, cells.Get(col, rows.At(first + static_cast<int32_t>(off)).phys));
+    return;
+  }
+  constexpr uint32_t kNone = UINT32_MAX;
+  std::vector<uint32_t> offsetOfPhys(static_cast<size_t>(high) + 1, kNone);
+  for (uint32_t off = 0; off < n; ++off)
+    offsetOfPhys[rows.At(first + static_cast<int32_t>(off)).phys] = off;
+  for (int32_t phys = 1; phys <= high; ++phys)
+    if (offsetOfPhys[phys] != kNone) fn(offsetOfPhys[phys], cells.Get(col, phys));
+}
+
 // ---- Values by the general rule --------------------------------------------------------------
 
 // Numeric kinds whose mutual comparison rounds one side (Single against Double, Currency against
@@ -82,10 +104,12 @@ bool RankGeneral(control::Control& c, const PlannedCriterion& k, int32_t first, 
   };
   Order nulls, empties;
   std::vector<KeyedEntry> numbers;
+  numbers.reserve(n);
   TextRanking texts(true, n);
   int lossy = 0;
-  for (uint32_t off = 0; off < n; ++off) {
-    const Variant& v = value(off);
+  bool ordered = true;
+  ForEachCell(c, k.col, first, n, [&](uint32_t off, const model::Cell& cell) {
+    const Variant& v = cell.value;
     double d = 0;
     if (v.IsString()) {
       texts.Add(v.StringView(), off);
@@ -97,9 +121,10 @@ bool RankGeneral(control::Control& c, const PlannedCriterion& k, int32_t first, 
       lossy |= LossyKind(v.Type());
       numbers.push_back(KeyedEntry{OrderedBits(d), off, 0});
     } else {
-      return false;  // objects, arrays, errors
+      ordered = false;  // objects, arrays, errors
     }
-  }
+  });
+  if (!ordered) return false;
   if ((lossy & (lossy - 1)) != 0) return false;
   // Empty equals both 0 and "", which differ from each other.
   if (!empties.empty() && texts.Size() > 0 && !numbers.empty()) return false;
@@ -151,11 +176,11 @@ bool RankFields(control::Control& c, const PlannedCriterion& k, int32_t first, R
   auto n = static_cast<uint32_t>(out.rank.size());
   std::vector<KeyedEntry> fields(n);
   int64_t low = std::numeric_limits<int64_t>::max(), high = std::numeric_limits<int64_t>::min();
-  for (uint32_t off = 0; off < n; ++off) {
-    int64_t v = FieldValue(k.type, c.store.CellAt(first + static_cast<int32_t>(off), k.col));
+  ForEachCell(c, k.col, first, n, [&](uint32_t off, const model::Cell& cell) {
+    int64_t v = FieldValue(k.type, cell);
     low = std::min(low, v), high = std::max(high, v);
     fields[off] = KeyedEntry{OrderedBits(v), off, 0};
-  }
+  });
   if (!FieldsOrderNaturally(k.type, low, high)) return false;
   RadixSort(fields);
   RankWriter ranks(out.rank);
@@ -204,10 +229,12 @@ bool BuildRowKeys(control::Control& c, const SortPlan& plan, RowKeys& out) {
   if (plan.RaisesEvents()) return false;
   out.key.assign(plan.Count(), 0);
   out.bound = 1;
+  out.unique = false;
   Ranks ranks;
   for (const PlannedCriterion& k : plan.criteria) {
     if (!RankCriterion(c, plan, k, ranks)) return false;
     uint64_t d = ranks.distinct;
+    if (d == plan.Count()) out.unique = true;
     if (d <= 1) continue;
     if (out.bound > std::numeric_limits<uint64_t>::max() / d) out.bound = DenseRank(out.key);
     for (size_t off = 0; off < out.key.size(); ++off) {

@@ -15,6 +15,9 @@ namespace quilta::ops {
 struct RowKeys {
   std::vector<uint64_t> key;  // by offset in the plan's range
   uint64_t bound = 1;         // every key is below it
+  // No two rows share a key: every sort that orders by key then gives the one same order, so the
+  // Shell sort's moves need not be replayed.
+  bool unique = false;
 };
 
 // Fails (returns false) when the host takes part in the comparison, or when the values of a

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "control/control.hpp"
+#include "ops/sorting/radix_sort.hpp"
 #include "ops/sorting/row_sorts.hpp"
 #include "ops/sorting/sort_keys.hpp"
 
@@ -33,7 +34,18 @@ std::vector<Run> Runs(const RowStore& rows, int32_t first, int32_t last, bool fe
   return runs;
 }
 
+// Distinct keys have one sorted order, which a linear radix sort finds directly.
+std::vector<uint32_t> SortUniqueKeysOfRun(const RowKeys& keys, uint32_t base, uint32_t n) {
+  std::vector<KeyedEntry> entries(n);
+  for (uint32_t k = 0; k < n; ++k) entries[k] = KeyedEntry{keys.key[base + k], k, 0};
+  RadixSort(entries);
+  std::vector<uint32_t> order(n);
+  for (uint32_t k = 0; k < n; ++k) order[k] = entries[k].a;
+  return order;
+}
+
 std::vector<uint32_t> SortKeysOfRun(RowKeys& keys, uint32_t base, uint32_t n) {
+  if (keys.unique) return SortUniqueKeysOfRun(keys, base, n);
   auto shift = std::max(1u, static_cast<unsigned>(std::bit_width(n - 1)));
   if (keys.bound > (uint64_t{1} << (64 - shift))) keys.bound = DenseRank(keys.key);
   std::vector<uint64_t> packed(n);
