@@ -11,6 +11,7 @@
 #include <quilta/font.hpp>
 #include <quilta/host.hpp>
 #include <quilta/platform/platform.hpp>
+#include <quilta/sort_group_object.hpp>
 #include <quilta/variant.hpp>
 #include <string>
 #include <string_view>
@@ -389,9 +390,52 @@ class Quilta {
   // (geometry section end)
 
   // ---- Row hierarchy -----------------------------------------------------------------------
+  uint8_t RowLevel(const Variant& vRow) const;
+  void SetRowLevel(const Variant& vRow, uint8_t btLevel);
+  int32_t RowParent(const Variant& vRow) const;  // 0 for none
+  int32_t RowLastNested(const Variant& vRow) const;
+  int32_t RowChildCount(const Variant& vRow) const;
+  bool RowHasChildren(const Variant& vRow) const;
+  bool RowExpanded(const Variant& vRow) const;
+  void SetRowExpanded(const Variant& vRow, bool bExpanded);
+  bool RowVisibleAsChild(const Variant& vRow) const;
+  void SetRowVisibleAsChild(const Variant& vRow, bool bVisibleAsChild);
+  ERowTreeButton RowTreeButton(const Variant& vRow) const;
+  void SetRowTreeButton(const Variant& vRow, ERowTreeButton eTreeButton);
+  bool AddRowAutoTreeButton() const;
+  void SetAddRowAutoTreeButton(bool bAuto);
+  void CollapseAllChildRows(const Variant& vRow);
+  void ExpandAllChildRows(const Variant& vRow);
+  void CollapseAllRows();
+  void ExpandAllRows();
+  // Moves lCount sibling rows starting at vRow, each with its subtree, next to vRowNewPos.
+  void MoveRow(const Variant& vRow, const Variant& vRowNewPos, int32_t lCount = 1,
+               EMoveRowMode eMode = quMoveRowBefore);
   // (hierarchy section end)
 
   // ---- Sorting -----------------------------------------------------------------------------
+  SortGroupObject& SortObject();
+  const SortGroupObject& SortObject() const;
+  SortGroupObject& GroupObject();
+  const SortGroupObject& GroupObject() const;
+  // vCols: one column reference or a one-dimensional array of them; missing = SortObject as is.
+  void Sort(const Variant& vCols = Variant::Missing(),
+            const Variant& vRowStart = Variant::Missing(),
+            const Variant& vRowEnd = Variant::Missing());
+  // What a header click does; eSortOrder -1 flips the column's order.
+  void DoDefaultSort(const Variant& vCol, int16_t iShift = 0,
+                     ESortOrders eSortOrder = static_cast<ESortOrders>(-1),
+                     const Variant& vRowStart = Variant::Missing(),
+                     const Variant& vRowEnd = Variant::Missing());
+  void SortRowChildNodes(const Variant& vRow);
+  ESortTypes ColSortType(const Variant& vCol) const;
+  void SetColSortType(const Variant& vCol, ESortTypes eSortType);
+  ESortOrders ColSortOrderDefault(const Variant& vCol) const;
+  void SetColSortOrderDefault(const Variant& vCol, ESortOrders eSortOrder);
+  ESortOrders ColSortOrder(const Variant& vCol) const;
+  void SetColSortOrder(const Variant& vCol, ESortOrders eSortOrder);
+  int32_t ColSortKey(const Variant& vCol) const;
+  void SetColSortKey(const Variant& vCol, int32_t lSortKey);
   // (sorting section end)
 
   // ---- Current cell (the part the stores keep in step) ------------------------------------

@@ -6,7 +6,9 @@ Control::Control(Platform* hostPlatform)
     : ownedPlatform(hostPlatform ? nullptr : std::make_unique<HeadlessPlatform>()),
       platform(hostPlatform ? hostPlatform : ownedPlatform.get()),
       resources(std::make_shared<model::CellResources>()),
-      store(*this, resources, this) {}
+      store(*this, resources, this),
+      sortObject(ops::SortGroupAccess::Make(store)),
+      groupObject(ops::SortGroupAccess::Make(store)) {}
 
 Control::~Control() = default;
 

@@ -13,6 +13,7 @@
 #include "model/control_properties.hpp"
 #include "model/grid_store.hpp"
 #include "model/store_listener.hpp"
+#include "ops/sorting/sort_group_access.hpp"
 
 namespace quilta::control {
 
@@ -94,6 +95,18 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void SyncRowPositions();
   // LevelIndent in device pixels at the platform's current resolution.
   int32_t LevelIndentPixels();
+  // ---- Row hierarchy and sorting
+  // Invalidates every derived position and runs both position passes (TreeCol, RowLevel).
+  void RelayoutAll();
+  // The sort marks that the column headers show changed (ColSortKey, ColSortOrder).
+  void SortMarksChanged();
+  // After a sort, with SortScrollToCurRow: brings the current row into view.
+  void ScrollCurRowIntoView();
+  // Whether drawing raises CellDynamicIcons (DynamicContentEvents); icon sorts then compare the
+  // icons it returns.
+  bool CellDynamicIconsEnabled() const;
+  // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
+  void Regroup();
 
   // (subsystem hooks end)
 
@@ -113,6 +126,11 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   CombosObject combos;
   int32_t dynamicContentEvents = quDCEventNone;
   GeometrySite geometrySite{*this};
+  // Sorting and grouping criteria. groupedBy holds the criteria the grid is currently grouped by;
+  // grouping does not build group rows yet, so it stays empty and the grid is never grouped.
+  SortGroupObject sortObject;
+  SortGroupObject groupObject;
+  ops::Criteria groupedBy;
   // (subsystem state end)
 };
 

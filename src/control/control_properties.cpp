@@ -46,11 +46,7 @@ void Control::ApplyProperty(Prop p, const Variant& value) {
       }
       break;
     case Prop::TreeCol:
-      if (changed) {
-        geometry.RecordChange(model::kLayoutRows);
-        RecalcRowsFrom(1);
-        RequestRedraw();
-      }
+      if (changed) RelayoutAll();
       break;
     default:
       if (changed) RequestRedraw();
