@@ -42,6 +42,7 @@ struct SortGrid {
       if (random() % 2 == 0 && !word.empty()) word[0] = static_cast<char>(word[0] ^ 0x20);
       if (recent.size() < 1000) recent.push_back(word);
       store.MutableCell(r, 1).value = Variant(word);
+      store.Cells().Column(1).NoteRefs(store.MutableCell(r, 1));
       store.MutableCell(r, 2).value = Variant(static_cast<int32_t>(random() % 10000));
     }
     shuffled = store.Rows().Records();

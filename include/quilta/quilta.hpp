@@ -404,11 +404,14 @@ class Quilta {
   void SetRowTreeButton(const Variant& vRow, ERowTreeButton eTreeButton);
   bool AddRowAutoTreeButton() const;
   void SetAddRowAutoTreeButton(bool bAuto);
+  // Before/AfterRowCollapseExpand report the row (0 for the whole grid) and the state asked for.
   void CollapseAllChildRows(const Variant& vRow);
   void ExpandAllChildRows(const Variant& vRow);
   void CollapseAllRows();
   void ExpandAllRows();
-  // Moves lCount sibling rows starting at vRow, each with its subtree, next to vRowNewPos.
+  // Moves vRow and the lCount - 1 siblings after it, each with its subtree: before vRowNewPos, or
+  // after its subtree, as its siblings (levels shift to its level), or as its last children.
+  // 524 when vRowNewPos lies in the moved rows or a level would pass 255.
   void MoveRow(const Variant& vRow, const Variant& vRowNewPos, int32_t lCount = 1,
                EMoveRowMode eMode = quMoveRowBefore);
   // (hierarchy section end)

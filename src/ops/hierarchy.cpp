@@ -148,7 +148,7 @@ void Hierarchy::MoveRows(int32_t row, int32_t target, int32_t count, int32_t mod
   c_.geometry.RecordChange(model::kLayoutRows);
   int32_t dest = mode == quMoveRowBefore ? target : c_.store.LastNested(target) + 1;
   int32_t size = last - row + 1;
-  int32_t newFirst = dest < row ? dest : dest - size;
+  int32_t newFirst = dest <= row ? dest : dest - size;  // dest == row: already in place
   // Where a row that stays out of the block ends up.
   auto moved = [&](int32_t r) {
     if (r >= row && r <= last) return newFirst + (r - row);
@@ -160,7 +160,7 @@ void Hierarchy::MoveRows(int32_t row, int32_t target, int32_t count, int32_t mod
   auto begin = rows.Records().begin();
   if (dest < row) {
     std::rotate(begin + (dest - 1), begin + (row - 1), begin + last);
-  } else {
+  } else if (dest > last + 1) {
     std::rotate(begin + (row - 1), begin + last, begin + (dest - 1));
   }
   for (int32_t r = newFirst; r < newFirst + size; ++r)

@@ -8,15 +8,13 @@
 
 namespace quilta::testing {
 
-// Cell values and fields are written through the store until the cell properties are public.
+// Cells are written through the store until the cell properties are public.
 inline model::Cell& CellOf(Quilta& g, int32_t row, int32_t col) {
   return g.Internals().store.MutableCell(row, col);
 }
 inline void SetValue(Quilta& g, int32_t row, int32_t col, const Variant& v) {
   CellOf(g, row, col).value = v;
-}
-inline Variant ValueOf(Quilta& g, int32_t row, int32_t col) {
-  return g.Internals().store.CellAt(row, col).value;
+  g.Internals().store.Cells().Column(col).NoteRefs(CellOf(g, row, col));
 }
 
 // Rows are told apart by their tags: row r starts with tag r.
@@ -34,6 +32,21 @@ inline std::vector<int> Levels(const Quilta& g) {
   return levels;
 }
 
+// 1 A, 2 A1, 3 A1a, 4 A1b, 5 A2, 6 B, 7 B1: keys as named, levels 0 1 2 2 1 0 1.
+inline Quilta Tree() {
+  Quilta g;
+  g.AddCol();
+  for (auto [key, parent] : {std::pair{"A", ""},
+                             {"A1", "A"},
+                             {"A1a", "A1"},
+                             {"A1b", "A1"},
+                             {"A2", "A"},
+                             {"B", ""},
+                             {"B1", "B"}})
+    g.AddRow({.sKey = key, .vRowParent = *parent ? Variant(parent) : Variant::Missing()});
+  return g;
+}
+
 // Records the events of interest as text, in the order raised.
 struct EventLog : QuiltaEvents {
   std::vector<std::string> log;
@@ -44,9 +57,6 @@ struct EventLog : QuiltaEvents {
   void QuitCustomEdit() override { Add("QuitCustomEdit"); }
   void CurRowChange(int32_t lNewRow, int32_t lOldRow) override {
     Add("CurRow " + std::to_string(lOldRow) + "->" + std::to_string(lNewRow));
-  }
-  void CustomGroupValue(int32_t, int32_t, Variant&, std::string&) override {
-    Add("CustomGroupValue");
   }
   void BeforeRowCollapseExpand(int32_t lRow, bool bNowExpanded, bool& bDoDefault) override {
     Add("Before " + std::to_string(lRow) + (bNowExpanded ? " expand" : " collapse"));
