@@ -13,7 +13,6 @@
 #include <QVariant>
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -30,8 +29,8 @@
 
 namespace {
 
-constexpr int kCols = 10;      // text, integer, eight doubles
-constexpr int kDoubles = 8;    //
+constexpr int kCols = 10;  // text, integer, eight doubles
+constexpr int kDoubles = 8;
 constexpr int kChangeCol = 3;  // 1-based: the first double column is rewritten
 constexpr uint64_t kSeed = 0x5eed'2024'0001ull;
 
