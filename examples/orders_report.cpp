@@ -49,48 +49,48 @@ std::vector<Record> ReadCsv(const std::string& path) {
 }
 
 // How each CSV column becomes a cell value, and how the grid shows it.
-struct ColumnSpec {
+struct ColumnPlan {
   const char* key;
   enum Kind { kText, kLong, kDate, kCurrency, kDouble } kind;
   const char* format;
 };
 
-const ColumnSpec kSpecs[] = {
-    {"OrderID", ColumnSpec::kLong, ""},
-    {"OrderDate", ColumnSpec::kDate, "dd-mmm-yyyy"},
-    {"Customer", ColumnSpec::kText, ""},
-    {"City", ColumnSpec::kText, ""},
-    {"Country", ColumnSpec::kText, ""},
-    {"Product", ColumnSpec::kText, ""},
-    {"Quantity", ColumnSpec::kLong, "#,##0"},
-    {"UnitPrice", ColumnSpec::kCurrency, "Currency"},
-    {"Discount", ColumnSpec::kDouble, "0%"},
-    {"ShipVia", ColumnSpec::kText, ""},
-    {"ShippedDate", ColumnSpec::kDate, "dd-mmm-yyyy"},
+const ColumnPlan kPlans[] = {
+    {"OrderID", ColumnPlan::kLong, ""},
+    {"OrderDate", ColumnPlan::kDate, "dd-mmm-yyyy"},
+    {"Customer", ColumnPlan::kText, ""},
+    {"City", ColumnPlan::kText, ""},
+    {"Country", ColumnPlan::kText, ""},
+    {"Product", ColumnPlan::kText, ""},
+    {"Quantity", ColumnPlan::kLong, "#,##0"},
+    {"UnitPrice", ColumnPlan::kCurrency, "Currency"},
+    {"Discount", ColumnPlan::kDouble, "0%"},
+    {"ShipVia", ColumnPlan::kText, ""},
+    {"ShippedDate", ColumnPlan::kDate, "dd-mmm-yyyy"},
 };
 
-Variant ToValue(const std::string& text, ColumnSpec::Kind kind) {
-  if (kind != ColumnSpec::kText && text.empty()) return Variant::Null();
+Variant ToValue(const std::string& text, ColumnPlan::Kind kind) {
+  if (kind != ColumnPlan::kText && text.empty()) return Variant::Null();
   switch (kind) {
-    case ColumnSpec::kLong:
+    case ColumnPlan::kLong:
       return quilta::CLng(text);
-    case ColumnSpec::kDate:
+    case ColumnPlan::kDate:
       return quilta::CDate(text);
-    case ColumnSpec::kCurrency:
+    case ColumnPlan::kCurrency:
       return quilta::CCur(text);
-    case ColumnSpec::kDouble:
+    case ColumnPlan::kDouble:
       return quilta::CDbl(text);
-    case ColumnSpec::kText:
+    case ColumnPlan::kText:
       break;
   }
   return Variant(text);
 }
 
 void AddColumns(Quilta& grid) {
-  for (const ColumnSpec& spec : kSpecs) {
-    auto cell = grid.AddCol({.sKey = spec.key, .sHeader = spec.key});
-    cell->SetsFmtString(spec.format);
-    if (spec.kind != ColumnSpec::kText && spec.kind != ColumnSpec::kDate)
+  for (const ColumnPlan& plan : kPlans) {
+    auto cell = grid.AddCol({.sKey = plan.key, .sHeader = plan.key});
+    cell->SetsFmtString(plan.format);
+    if (plan.kind != ColumnPlan::kText && plan.kind != ColumnPlan::kDate)
       cell->SeteAlignH(quilta::quAlignHRight);
   }
   auto total = grid.AddCol({.sKey = "Total", .sHeader = "Total"});
@@ -105,8 +105,8 @@ void Load(Quilta& grid, const std::vector<Record>& records) {
   for (size_t i = 0; i < records.size(); ++i) {
     const int32_t row = first + static_cast<int32_t>(i);
     const Record& rec = records[i];
-    for (size_t c = 0; c < std::size(kSpecs) && c < rec.size(); ++c)
-      grid.SetCellValue(row, kSpecs[c].key, ToValue(rec[c], kSpecs[c].kind));
+    for (size_t c = 0; c < std::size(kPlans) && c < rec.size(); ++c)
+      grid.SetCellValue(row, kPlans[c].key, ToValue(rec[c], kPlans[c].kind));
     grid.SetRowKey(row, rec[0]);
     double total = quilta::CDbl(grid.CellValue(row, "Quantity")) *
                    quilta::CDbl(grid.CellValue(row, "UnitPrice")) *
