@@ -33,10 +33,7 @@ void Control::RecalcColumns() {
 }
 
 void Control::RequestRedraw() {
-  if (updates.count > 0) {
-    updates.redrawPending = true;
-    return;
-  }
+  if (updates.count > 0) return;  // EndUpdate redraws once
   platform->Invalidate();
 }
 
@@ -51,7 +48,6 @@ void Control::EndUpdate() {
     layout::Geometry::RunRowPass(store.Rows(), from);
     geometry.CountRowPass();
   }
-  updates.redrawPending = false;
   platform->Invalidate();
 }
 

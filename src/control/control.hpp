@@ -21,8 +21,6 @@ namespace quilta::control {
 struct UpdateState {
   int32_t count = 0;
   int32_t pendingRow = 0;  // lowest row whose positions must be recomputed; 0 = none
-  bool redrawPending = false;
-  bool columnsPending = false;
 };
 
 struct Control final : model::StoreListener, model::CellObjectOwner {

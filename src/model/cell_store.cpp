@@ -26,7 +26,7 @@ CellColumn::CellColumn(CellColumn&& other) noexcept
 
 CellColumn& CellColumn::operator=(CellColumn&& other) noexcept {
   if (this != &other) {
-    ReleaseBuffer(0);
+    ReleaseBuffer();
     data_ = std::exchange(other.data_, nullptr);
     constructed_ = std::exchange(other.constructed_, 0);
     uniform_ = std::move(other.uniform_);
@@ -35,7 +35,7 @@ CellColumn& CellColumn::operator=(CellColumn&& other) noexcept {
   return *this;
 }
 
-void CellColumn::ReleaseBuffer(int32_t) {
+void CellColumn::ReleaseBuffer() {
   if (!data_) return;
   if (mayHoldRefs_) {
     for (int32_t i = 0; i < constructed_; ++i) data_[i].~Cell();
@@ -51,7 +51,7 @@ void CellColumn::Materialize(int32_t liveRows, int32_t capacity) {
   constructed_ = liveRows;
 }
 
-void CellColumn::Grow(int32_t, int32_t newCapacity) {
+void CellColumn::Grow(int32_t newCapacity) {
   if (data_) data_ = Reallocate(data_, newCapacity);
 }
 
@@ -77,8 +77,8 @@ void CellColumn::ReleaseRow(int32_t phys) {
   if (data_ && mayHoldRefs_) data_[phys - 1].value = Variant();
 }
 
-void CellColumn::Reset(const Cell& uniform, int32_t) {
-  ReleaseBuffer(0);
+void CellColumn::Reset(const Cell& uniform) {
+  ReleaseBuffer();
   uniform_ = uniform;
   mayHoldRefs_ = false;
   NoteRefs(uniform);
@@ -88,7 +88,7 @@ void CellStore::Reserve(int32_t n) {
   if (n <= capacity_) return;
   int64_t grown = std::max<int64_t>({n, static_cast<int64_t>(capacity_) * 3 / 2, 64});
   int32_t newCapacity = static_cast<int32_t>(std::min<int64_t>(grown, INT32_MAX));
-  for (CellColumn& c : cols_) c.Grow(liveRows_, newCapacity);
+  for (CellColumn& c : cols_) c.Grow(newCapacity);
   capacity_ = newCapacity;
 }
 
@@ -121,7 +121,7 @@ void CellStore::RemoveColumns(int32_t index, int32_t count) {
 }
 
 void CellStore::ClearRows(const std::vector<const Cell*>& templates) {
-  for (size_t c = 0; c < cols_.size(); ++c) cols_[c].Reset(*templates[c], liveRows_);
+  for (size_t c = 0; c < cols_.size(); ++c) cols_[c].Reset(*templates[c]);
   liveRows_ = 0;
   capacity_ = 0;
 }

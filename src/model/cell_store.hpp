@@ -19,7 +19,7 @@ class CellColumn {
   CellColumn& operator=(CellColumn&& other) noexcept;
   CellColumn(const CellColumn&) = delete;
   CellColumn& operator=(const CellColumn&) = delete;
-  ~CellColumn() { ReleaseBuffer(0); }
+  ~CellColumn() { ReleaseBuffer(); }
 
   bool IsUniform() const { return data_ == nullptr; }
   const Cell& Get(int32_t phys) const { return data_ ? data_[phys - 1] : uniform_; }
@@ -30,7 +30,7 @@ class CellColumn {
   // Notes that a value with shared storage may have been written, so release passes are needed.
   void NoteRefs(const Cell& cell) { mayHoldRefs_ |= cell.value.Type() >= vbString; }
   void Materialize(int32_t liveRows, int32_t capacity);
-  void Grow(int32_t liveRows, int32_t newCapacity);
+  void Grow(int32_t newCapacity);
   // Constructs the cells of physical rows first..first+count-1 (not yet constructed) as copies.
   void ConstructRows(int32_t first, int32_t count, const Cell& tmpl, int32_t liveRows,
                      int32_t capacity);
@@ -39,13 +39,13 @@ class CellColumn {
   // Drops the values of cells whose physical rows were freed, so their text is released.
   void ReleaseRow(int32_t phys);
   // Destroys every cell; the column becomes uniform with the given template.
-  void Reset(const Cell& uniform, int32_t liveRows);
+  void Reset(const Cell& uniform);
   size_t BytesAllocated(int32_t capacity) const {
     return data_ ? static_cast<size_t>(capacity) * sizeof(Cell) : 0;
   }
 
  private:
-  void ReleaseBuffer(int32_t liveRows);
+  void ReleaseBuffer();
 
   Cell* data_ = nullptr;
   int32_t constructed_ = 0;  // cells of data_ that are constructed (= live rows when materialised)
