@@ -50,8 +50,13 @@ TEST(Columns, KeysAreCaseInsensitiveAndUnique) {
 TEST(Columns, WidthLimitsClampBeforeTheCheck) {
   Quilta grid;
   grid.AddCol({.lWidth = 10, .lMinWidth = 20, .lMaxWidth = 30});
+  EXPECT_EQ(grid.ColWidth(1), 20);
+  grid.AddCol({.lMaxWidth = 40});
+  EXPECT_EQ(grid.ColWidth(2), 40);
+  grid.AddCol();
+  EXPECT_EQ(grid.ColWidth(3), 64);
   ExpectError(519, [&] { grid.AddCol({.lMinWidth = 30, .lMaxWidth = 20}); });
-  EXPECT_EQ(grid.ColCount(), 1);
+  EXPECT_EQ(grid.ColCount(), 3);
 }
 
 TEST(Columns, CountCreatesSeveralAndOnlyTheFirstHasTheKey) {
