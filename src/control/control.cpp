@@ -23,8 +23,12 @@ void Control::RecalcRowsFrom(int32_t row) {
   // A pass forced inside an update block starts where the deferred ones would have started:
   // positions above that are not to be trusted.
   if (updates.pendingRow && updates.pendingRow < row) row = updates.pendingRow;
+  RunRowPass(row);
+}
+
+void Control::RunRowPass(int32_t from) {
   updates.pendingRow = 0;
-  layout::Geometry::RunRowPass(store.Rows(), row);
+  layout::Geometry::RunRowPass(store.Rows(), from);
   geometry.CountRowPass();
 }
 
@@ -42,22 +46,12 @@ void Control::BeginUpdate() { ++updates.count; }
 void Control::EndUpdate() {
   if (updates.count == 0) return;
   if (--updates.count > 0) return;
-  if (updates.pendingRow) {
-    int32_t from = updates.pendingRow;
-    updates.pendingRow = 0;
-    layout::Geometry::RunRowPass(store.Rows(), from);
-    geometry.CountRowPass();
-  }
+  if (updates.pendingRow) RunRowPass(updates.pendingRow);
   platform->Invalidate();
 }
 
 void Control::SetRecalcRowParms(bool on) {
-  if (on && updates.count >= 1 && updates.pendingRow) {
-    int32_t from = updates.pendingRow;
-    updates.pendingRow = 0;
-    layout::Geometry::RunRowPass(store.Rows(), from);
-    geometry.CountRowPass();
-  }
+  if (on && updates.count >= 1 && updates.pendingRow) RunRowPass(updates.pendingRow);
 }
 
 // ---- Store notices -------------------------------------------------------------------------

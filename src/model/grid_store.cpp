@@ -246,9 +246,7 @@ int32_t GridStore::AddRows(const AddRowArgs& a) {
     level = static_cast<uint8_t>(p.level + 1);
     visibleAsChild = visibleAsChild && p.Expanded() && p.VisibleAsChild();
     at = LastNested(parent) + 1;
-    if (autoTreeButton_)
-      p.flags =
-          static_cast<uint8_t>((p.flags & ~RowRecord::kTreeButtonMask) | quRowTreeButtonVisible);
+    if (autoTreeButton_) p.SetTreeButton(quRowTreeButtonVisible);
   }
   int treeButton = autoTreeButton_ && !a.bGroupRow ? quRowTreeButtonHidden : a.eTreeButton;
   RowRecord fill{};
@@ -340,9 +338,7 @@ void GridStore::RemoveRows(const Variant& vRow, int32_t count) {
   int32_t shownBefore = shownRows_;
   listener_.RowsRemoved(row, count);
   DropRows(row, count);
-  if (parent && rows_.At(parent).TreeButton() == quRowTreeButtonVisible && !HasChildren(parent))
-    rows_.At(parent).flags = static_cast<uint8_t>(
-        (rows_.At(parent).flags & ~RowRecord::kTreeButtonMask) | quRowTreeButtonHidden);
+  if (parent) HideButtonIfChildless(parent);
   if (shownRows_ != shownBefore) listener_.RecalcRowsFrom(row);
   listener_.RequestRedraw();
 }
@@ -436,6 +432,12 @@ int32_t GridStore::ParentOf(int32_t row) const {
   for (int32_t r = row - 1; r >= 1; --r)
     if (rows_.At(r).level == level - 1) return r;
   return 0;
+}
+
+void GridStore::HideButtonIfChildless(int32_t parent) {
+  RowRecord& rec = rows_.At(parent);
+  if (rec.TreeButton() == quRowTreeButtonVisible && !HasChildren(parent))
+    rec.SetTreeButton(quRowTreeButtonHidden);
 }
 
 bool GridStore::HasChildren(int32_t row) const {

@@ -70,6 +70,8 @@ class GridStore {
   int32_t LastNested(int32_t row) const;
   int32_t ParentOf(int32_t row) const;
   bool HasChildren(int32_t row) const;
+  // A parent whose last child went keeps no visible tree button.
+  void HideButtonIfChildless(int32_t parent);
 
   // Virtual mode: asks the host for rows up to `row`; returns whether that row exists now.
   bool EnsureVirtualRows(int32_t row);

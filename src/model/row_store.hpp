@@ -34,6 +34,9 @@ struct RowRecord {
   bool GroupRow() const { return flags & kGroupRow; }
   bool Expanded() const { return flags & kExpanded; }
   int TreeButton() const { return flags & kTreeButtonMask; }
+  void SetTreeButton(int button) {
+    flags = static_cast<uint8_t>((flags & ~kTreeButtonMask) | (button & kTreeButtonMask));
+  }
   // Shown rows take room: positive height, visible, and not inside a collapsed node.
   bool Shown() const {
     return height > 0 && (flags & (kVisible | kVisibleAsChild)) == (kVisible | kVisibleAsChild);

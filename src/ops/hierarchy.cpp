@@ -70,7 +70,7 @@ void Hierarchy::SetVisibleAsChild(int32_t row, bool visible) {
 void Hierarchy::SetTreeButton(int32_t row, int32_t button) {
   RowRecord& rec = c_.store.Rows().At(row);
   if (rec.TreeButton() == button) return;
-  rec.flags = static_cast<uint8_t>((rec.flags & ~RowRecord::kTreeButtonMask) | button);
+  rec.SetTreeButton(button);
   c_.RequestRedraw();
 }
 
@@ -126,13 +126,6 @@ void Hierarchy::FitBlockToParent(int32_t first, int32_t last) {
   }
 }
 
-void Hierarchy::DropEmptyParentButton(int32_t parent) {
-  RowRecord& rec = c_.store.Rows().At(parent);
-  if (rec.TreeButton() == quRowTreeButtonVisible && !c_.store.HasChildren(parent))
-    rec.flags =
-        static_cast<uint8_t>((rec.flags & ~RowRecord::kTreeButtonMask) | quRowTreeButtonHidden);
-}
-
 void Hierarchy::MoveRows(int32_t row, int32_t target, int32_t count, int32_t mode) {
   if (count < 1 || mode < quMoveRowBefore || mode > quMoveRowAsChild) Raise(quErrInvalidArgument);
   model::RowStore& rows = c_.store.Rows();
@@ -170,11 +163,10 @@ void Hierarchy::MoveRows(int32_t row, int32_t target, int32_t count, int32_t mod
   if (c_.curRow >= 1 && c_.curRow <= rows.Count()) c_.curRow = moved(c_.curRow);
 
   FitBlockToParent(newFirst, newFirst + size - 1);
-  if (oldParent) DropEmptyParentButton(moved(oldParent));
+  if (oldParent) c_.store.HideButtonIfChildless(moved(oldParent));
   if (mode == quMoveRowAsChild && c_.store.AutoTreeButton()) {
     RowRecord& parent = rows.At(moved(target));
-    parent.flags =
-        static_cast<uint8_t>((parent.flags & ~RowRecord::kTreeButtonMask) | quRowTreeButtonVisible);
+    parent.SetTreeButton(quRowTreeButtonVisible);
   }
   c_.RecalcRowsFrom(firstChanged);
   c_.RequestRedraw();

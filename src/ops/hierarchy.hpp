@@ -39,7 +39,6 @@ class Hierarchy {
   // The last row of the block of `count` siblings starting at row, each with its subtree.
   int32_t BlockEnd(int32_t row, int32_t count) const;
   void FitBlockToParent(int32_t first, int32_t last);
-  void DropEmptyParentButton(int32_t parent);
 
   control::Control& c_;
 };
