@@ -128,6 +128,14 @@ TEST(SortKeys, StringsAndNumbersWithManyTies) {
   std::vector<Variant> numbers = {1,    2.5, int16_t{2}, uint8_t{1}, Variant::Date(2.5),
                                   true, -3,  0.0,        Variant(),  Variant::Null()};
   ExpectExactOrder(Random(3000, 2, numbers, 2), quSortByValueGeneral, {{true, false}, kGeneral});
+  // Whole numbers only: ranked by their distance from the lowest, without sorting.
+  std::vector<Variant> whole = {1,     -3,        int16_t{2}, uint8_t{7},     true,
+                                false, Variant(), 400,        Variant::Null()};
+  ExpectExactOrder(Random(3000, 2, whole, 4), quSortByValueGeneral, {{false, true}, kGeneral});
+  whole.push_back(-2000000000);  // spread too wide for that: ranked by sorting
+  ExpectExactOrder(Random(3000, 2, whole, 4), quSortByValueGeneral, {{true, false}, kGeneral});
+  ExpectExactOrder(Random(3000, 1, {Variant::Null()}, 5), quSortByValueGeneral,
+                   {{false}, kGeneral});
   std::vector<Variant> mixed = {1, "1", "a", "A", 2.0, Variant::Null(), "b", -1};
   ExpectExactOrder(Random(2000, 1, mixed, 3), quSortByValueGeneral, {{false}, kGeneral});
   ExpectExactOrder(Random(1500, 2, mixed, 8), quSortByValueGeneral, {{true, false}, kGeneral}, true,
@@ -172,6 +180,12 @@ TEST(SortKeys, DistinctValuesTakeTheDirectRouteToTheSameOrder) {
   std::vector<Row> rows(3000, Row(1));
   std::mt19937 random(11);
   for (size_t i = 0; i < rows.size(); ++i) rows[i][0] = static_cast<int32_t>(i * 7919 % 100003);
+  std::shuffle(rows.begin(), rows.end(), random);
+  ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{false}, kGeneral});
+  ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{true}, kGeneral});
+  // Close together, with one Null: distinct as well, told so without sorting.
+  for (size_t i = 0; i < rows.size(); ++i) rows[i][0] = static_cast<int32_t>(i * 3) - 4000;
+  rows[17][0] = Variant::Null();
   std::shuffle(rows.begin(), rows.end(), random);
   ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{false}, kGeneral});
   ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{true}, kGeneral});

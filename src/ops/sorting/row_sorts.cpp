@@ -97,11 +97,4 @@ std::vector<uint32_t> TreeSortOrder(const model::RowRecord* recs, uint32_t n, bo
   return order;
 }
 
-void ApplyArrangement(model::RowStore& rows, int32_t first, const std::vector<uint32_t>& order) {
-  auto begin = rows.Records().begin() + (first - 1);
-  std::vector<model::RowRecord> before(begin, begin + static_cast<std::ptrdiff_t>(order.size()));
-  for (size_t k = 0; k < order.size(); ++k)
-    begin[static_cast<std::ptrdiff_t>(k)] = before[order[k]];
-}
-
 }  // namespace quilta::ops

@@ -35,8 +35,17 @@ using OffsetCompare = std::function<int(uint32_t, uint32_t)>;
 std::vector<uint32_t> TreeSortOrder(const model::RowRecord* recs, uint32_t n, bool recursive,
                                     const OffsetCompare& compare);
 
-// Puts rows first.. into the arrangement: row first + k becomes the row that was at first +
-// order[k].
-void ApplyArrangement(model::RowStore& rows, int32_t first, const std::vector<uint32_t>& order);
+// Puts n rows from first on into a new arrangement: row first + k becomes the row that was at
+// first + offsetAt(k).
+template <class OffsetAt>
+void ApplyArrangement(model::RowStore& rows, int32_t first, size_t n, OffsetAt&& offsetAt) {
+  auto begin = rows.Records().begin() + (first - 1);
+  std::vector<model::RowRecord> before(begin, begin + static_cast<std::ptrdiff_t>(n));
+  for (size_t k = 0; k < n; ++k) begin[static_cast<std::ptrdiff_t>(k)] = before[offsetAt(k)];
+}
+inline void ApplyArrangement(model::RowStore& rows, int32_t first,
+                             const std::vector<uint32_t>& order) {
+  ApplyArrangement(rows, first, order.size(), [&](size_t k) { return order[k]; });
+}
 
 }  // namespace quilta::ops

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <deque>
 #include <limits>
+#include <string>
 #include <string_view>
 
 #include "control/control.hpp"
@@ -14,32 +16,111 @@ namespace {
 
 using Order = std::vector<uint32_t>;
 
+// Ranks of one criterion. They need not be dense, only ordered as the comparison orders the rows:
+// equal rows share a rank, a smaller row has a smaller rank.
 struct Ranks {
   std::vector<uint32_t> rank;  // by offset
-  uint32_t distinct = 0;
+  uint64_t bound = 0;          // every rank is below it
+  bool unique = false;         // no two rows share a rank
+
+  void SetDense(uint32_t distinct) {
+    bound = distinct;
+    unique = distinct == rank.size();
+  }
 };
 
-// Calls fn(offset, cell) for the cells of a column in the rows first..first+n-1. When the range is
-// a good part of the grid, the cells are visited in physical-row order: after an earlier sort the
-// rows lie scattered over the cell store, and reading the column front to back keeps the reads
-// sequential.
-template <class Fn>
-void ForEachCell(control::Control& c, int32_t col, int32_t first, uint32_t n, Fn&& fn) {
-  const model::RowStore& rows = c.store.Rows();
-  const model::CellStore& cells = c.store.Cells();
-  const int32_t high = rows.PhysHighWater();
-  if (static_cast<int64_t>(n) * 4 < high) {
-    for (uint32_t off = 0; off < n; ++off)
-      fn(off, cells.Get(col, rows.At(first + static_cast<int32_t>(off)).phys));
-    return;
+// Integer values ranked by their distance from the lowest (Nulls first, at rank 0), which orders
+// them without sorting. Values spread wider than a few per row are left to the sorting rankers,
+// because the ranks must fit the sort keys and telling whether all values differ takes a bitmap
+// as wide as the spread.
+class NarrowIntegerRanks {
+ public:
+  explicit NarrowIntegerRanks(Ranks& out) : out_(out) {}
+  void Put(uint32_t off, int64_t v) {
+    out_.rank[off] = static_cast<uint32_t>(v);
+    low_ = std::min(low_, v);
+    high_ = std::max(high_, v);
   }
-  constexpr uint32_t kNone = UINT32_MAX;
-  std::vector<uint32_t> offsetOfPhys(static_cast<size_t>(high) + 1, kNone);
-  for (uint32_t off = 0; off < n; ++off)
-    offsetOfPhys[rows.At(first + static_cast<int32_t>(off)).phys] = off;
-  for (int32_t phys = 1; phys <= high; ++phys)
-    if (offsetOfPhys[phys] != kNone) fn(offsetOfPhys[phys], cells.Get(col, phys));
-}
+  void PutNull(uint32_t off) { nulls_.push_back(off); }
+  int64_t Low() const { return low_; }
+  int64_t High() const { return high_; }
+  // Fails, leaving the ranks unfinished, when the values spread too wide.
+  bool Finish() {
+    uint32_t n = static_cast<uint32_t>(out_.rank.size());
+    uint64_t shift = nulls_.empty() ? 0 : 1;
+    if (nulls_.size() == n) return Done(1, n == 1);
+    uint64_t widest = std::min<uint64_t>(uint64_t{kSpreadPerRow} * n, UINT32_MAX - 1);
+    if (static_cast<uint64_t>(high_ - low_) >= widest) return false;
+    auto base = static_cast<uint32_t>(low_);
+    for (uint32_t& r : out_.rank) r = r - base + static_cast<uint32_t>(shift);
+    for (uint32_t off : nulls_) out_.rank[off] = 0;
+    auto bound = static_cast<uint64_t>(high_ - low_) + 1 + shift;
+    return Done(bound, nulls_.size() <= 1 && bound >= n && AllDiffer(shift));
+  }
+
+ private:
+  static constexpr uint32_t kSpreadPerRow = 8;
+
+  bool Done(uint64_t bound, bool unique) {
+    out_.bound = bound;
+    out_.unique = unique;
+    return true;
+  }
+  bool AllDiffer(uint64_t nullRank) const {
+    std::vector<uint64_t> seen(static_cast<size_t>(high_ - low_) / 64 + 2);
+    for (uint32_t r : out_.rank) {
+      if (r < nullRank) continue;
+      uint64_t bit = uint64_t{1} << (r % 64);
+      if (seen[r / 64] & bit) return false;
+      seen[r / 64] |= bit;
+    }
+    return true;
+  }
+
+  Ranks& out_;
+  std::vector<uint32_t> nulls_;
+  int64_t low_ = std::numeric_limits<int64_t>::max();
+  int64_t high_ = std::numeric_limits<int64_t>::min();
+};
+
+// The cells of a range's rows, column by column. When the range is a good part of the grid, the
+// cells are visited in physical-row order: after an earlier sort the rows lie scattered over the
+// cell store, and reading a column front to back keeps the reads sequential.
+class RangeCells {
+ public:
+  RangeCells(control::Control& c, int32_t first, uint32_t n)
+      : rows_(c.store.Rows()), cells_(c.store.Cells()), first_(first), n_(n) {
+    const int32_t high = rows_.PhysHighWater();
+    if (static_cast<int64_t>(n) * 4 < high) return;
+    offsetOfPhys_.assign(static_cast<size_t>(high) + 1, kNone);
+    for (uint32_t off = 0; off < n; ++off) offsetOfPhys_[Phys(off)] = off;
+  }
+
+  // Calls fn(offset, cell) for each cell of the column; stops early when fn returns false.
+  template <class Fn>
+  bool ForEach(int32_t col, Fn&& fn) const {
+    if (offsetOfPhys_.empty()) {
+      for (uint32_t off = 0; off < n_; ++off)
+        if (!fn(off, cells_.Get(col, Phys(off)))) return false;
+      return true;
+    }
+    for (size_t phys = 1; phys < offsetOfPhys_.size(); ++phys) {
+      uint32_t off = offsetOfPhys_[phys];
+      if (off != kNone && !fn(off, cells_.Get(col, static_cast<int32_t>(phys)))) return false;
+    }
+    return true;
+  }
+
+ private:
+  static constexpr uint32_t kNone = UINT32_MAX;
+  int32_t Phys(uint32_t off) const { return rows_.At(first_ + static_cast<int32_t>(off)).phys; }
+
+  const model::RowStore& rows_;
+  const model::CellStore& cells_;
+  int32_t first_;
+  uint32_t n_;
+  std::vector<uint32_t> offsetOfPhys_;
+};
 
 // ---- Values by the general rule --------------------------------------------------------------
 
@@ -96,19 +177,58 @@ bool AsNumber(const Variant& v, double& out) {
   }
 }
 
+// What the rankers read from: the grid, and the cells of the range's rows.
+struct RankSource {
+  control::Control& c;
+  int32_t first;
+  const RangeCells& cells;
+};
+
+// Columns of whole numbers, the commonest sort, rank without sorting. Fails at the first value of
+// another kind, or when the values spread too wide.
+bool RankWholeNumbers(const RankSource& src, int32_t col, Ranks& out) {
+  NarrowIntegerRanks ranks(out);
+  bool whole = src.cells.ForEach(col, [&](uint32_t off, const model::Cell& cell) {
+    const Variant& v = cell.value;
+    switch (v.Type()) {
+      case vbLong:
+        ranks.Put(off, v.LongValue());
+        return true;
+      case vbInteger:
+        ranks.Put(off, v.IntegerValue());
+        return true;
+      case vbByte:
+        ranks.Put(off, v.ByteValue());
+        return true;
+      case vbBoolean:
+        ranks.Put(off, v.BoolValue() ? -1 : 0);
+        return true;
+      case vbEmpty:
+        ranks.Put(off, 0);
+        return true;
+      case vbNull:
+        ranks.PutNull(off);
+        return true;
+      default:
+        return false;
+    }
+  });
+  return whole && ranks.Finish();
+}
+
 // Nulls first, then numbers, then strings; Empty joins the numbers as 0, or the strings as "".
-bool RankGeneral(control::Control& c, const PlannedCriterion& k, int32_t first, Ranks& out) {
+bool RankGeneral(const RankSource& src, const PlannedCriterion& k, Ranks& out) {
+  if (RankWholeNumbers(src, k.col, out)) return true;
   auto n = static_cast<uint32_t>(out.rank.size());
   auto value = [&](uint32_t off) -> const Variant& {
-    return c.store.CellAt(first + static_cast<int32_t>(off), k.col).value;
+    return src.c.store.CellAt(src.first + static_cast<int32_t>(off), k.col).value;
   };
   Order nulls, empties;
   std::vector<KeyedEntry> numbers;
   numbers.reserve(n);
   TextRanking texts(true, n);
   int lossy = 0;
-  bool ordered = true;
-  ForEachCell(c, k.col, first, n, [&](uint32_t off, const model::Cell& cell) {
+  bool ordered = src.cells.ForEach(k.col, [&](uint32_t off, const model::Cell& cell) {
     const Variant& v = cell.value;
     double d = 0;
     if (v.IsString()) {
@@ -121,8 +241,9 @@ bool RankGeneral(control::Control& c, const PlannedCriterion& k, int32_t first, 
       lossy |= LossyKind(v.Type());
       numbers.push_back(KeyedEntry{OrderedBits(d), off, 0});
     } else {
-      ordered = false;  // objects, arrays, errors
+      return false;  // objects, arrays, errors
     }
+    return true;
   });
   if (!ordered) return false;
   if ((lossy & (lossy - 1)) != 0) return false;
@@ -149,62 +270,77 @@ bool RankGeneral(control::Control& c, const PlannedCriterion& k, int32_t first, 
   }
   ranks.NextGroup();
   if (!texts.Rank(ranks)) return false;
-  out.distinct = ranks.Distinct();
+  out.SetDense(ranks.Distinct());
   return true;
 }
 
 // ---- Texts and fields ------------------------------------------------------------------------
 
-bool RankTexts(const PlannedCriterion& k, Ranks& out) {
+// Values as text are read in place from the cells; only values of other kinds are converted, and
+// displayed texts are made, into copies.
+bool RankTexts(const RankSource& src, const PlannedCriterion& k, Ranks& out) {
   auto n = static_cast<uint32_t>(out.rank.size());
   RankWriter ranks(out.rank);
   TextRanking texts(NoCase(k.type), n);
-  for (uint32_t off = 0; off < n; ++off) {
-    if (!k.nulls.empty() && k.nulls[off]) {
-      ranks.Put(off, 0);
-    } else {
-      texts.Add(k.texts[off], off);
-    }
+  std::deque<std::string> made;
+  if (k.kind == SortKind::CellText) {
+    for (uint32_t off = 0; off < n; ++off)
+      texts.Add(made.emplace_back(src.c.CellText(src.first + static_cast<int32_t>(off), k.col)),
+                off);
+  } else {
+    src.cells.ForEach(k.col, [&](uint32_t off, const model::Cell& cell) {
+      const Variant& v = cell.value;
+      if (v.IsNull()) {
+        ranks.Put(off, 0);
+      } else if (v.IsString()) {
+        texts.Add(v.StringView(), off);
+      } else {
+        texts.Add(made.emplace_back(CStr(v)), off);
+      }
+      return true;
+    });
   }
   ranks.NextGroup();
   if (!texts.Rank(ranks)) return false;
-  out.distinct = ranks.Distinct();
+  out.SetDense(ranks.Distinct());
   return true;
 }
 
-bool RankFields(control::Control& c, const PlannedCriterion& k, int32_t first, Ranks& out) {
-  auto n = static_cast<uint32_t>(out.rank.size());
-  std::vector<KeyedEntry> fields(n);
-  int64_t low = std::numeric_limits<int64_t>::max(), high = std::numeric_limits<int64_t>::min();
-  ForEachCell(c, k.col, first, n, [&](uint32_t off, const model::Cell& cell) {
-    int64_t v = FieldValue(k.type, cell);
-    low = std::min(low, v), high = std::max(high, v);
-    fields[off] = KeyedEntry{OrderedBits(v), off, 0};
+bool RankFields(const RankSource& src, const PlannedCriterion& k, Ranks& out) {
+  NarrowIntegerRanks narrow(out);
+  src.cells.ForEach(k.col, [&](uint32_t off, const model::Cell& cell) {
+    narrow.Put(off, FieldValue(k.type, cell));
+    return true;
   });
-  if (!FieldsOrderNaturally(k.type, low, high)) return false;
+  if (!FieldsOrderNaturally(k.type, narrow.Low(), narrow.High())) return false;
+  if (narrow.Finish()) return true;
+  std::vector<KeyedEntry> fields(out.rank.size());
+  src.cells.ForEach(k.col, [&](uint32_t off, const model::Cell& cell) {
+    fields[off] = KeyedEntry{OrderedBits(FieldValue(k.type, cell)), off, 0};
+    return true;
+  });
   RadixSort(fields);
   RankWriter ranks(out.rank);
-  for (uint32_t i = 0; i < n; ++i)
+  for (size_t i = 0; i < fields.size(); ++i)
     ranks.Put(fields[i].a, i == 0 || fields[i - 1].key != fields[i].key ? -1 : 0);
-  out.distinct = ranks.Distinct();
+  out.SetDense(ranks.Distinct());
   return true;
 }
 
-bool RankCriterion(control::Control& c, const SortPlan& plan, const PlannedCriterion& k,
-                   Ranks& out) {
-  out.rank.assign(plan.Count(), 0);
+bool RankCriterion(const RankSource& src, const PlannedCriterion& k, Ranks& out) {
   switch (k.kind) {
     case SortKind::None:
-      out.distinct = 1;
+      out.rank.assign(out.rank.size(), 0);
+      out.SetDense(1);
       return true;
     case SortKind::General:
-      return RankGeneral(c, k, plan.first, out);
+      return RankGeneral(src, k, out);
     case SortKind::ValueText:
     case SortKind::CellText:
-      return RankTexts(k, out);
+      return RankTexts(src, k, out);
     case SortKind::Icon:
     case SortKind::Field:
-      return RankFields(c, k, plan.first, out);
+      return RankFields(src, k, out);
     default:
       return false;
   }
@@ -230,11 +366,14 @@ bool BuildRowKeys(control::Control& c, const SortPlan& plan, RowKeys& out) {
   out.key.assign(plan.Count(), 0);
   out.bound = 1;
   out.unique = false;
+  RangeCells cells(c, plan.first, plan.Count());
+  RankSource src{c, plan.first, cells};
   Ranks ranks;
+  ranks.rank.resize(plan.Count());
   for (const PlannedCriterion& k : plan.criteria) {
-    if (!RankCriterion(c, plan, k, ranks)) return false;
-    uint64_t d = ranks.distinct;
-    if (d == plan.Count()) out.unique = true;
+    if (!RankCriterion(src, k, ranks)) return false;
+    if (ranks.unique) out.unique = true;
+    uint64_t d = ranks.bound;
     if (d <= 1) continue;
     if (out.bound > std::numeric_limits<uint64_t>::max() / d) out.bound = DenseRank(out.key);
     for (size_t off = 0; off < out.key.size(); ++off) {

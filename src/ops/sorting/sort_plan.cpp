@@ -9,28 +9,6 @@ namespace {
 
 int Sign(int64_t v) { return (v > 0) - (v < 0); }
 
-// Takes the texts of a column once per row: the displayed text, or the value converted to text.
-void PrepareTexts(control::Control& c, PlannedCriterion& k, int32_t first, int32_t last) {
-  size_t n = static_cast<size_t>(last - first + 1);
-  k.texts.resize(n);
-  if (k.kind == SortKind::ValueText) k.nulls.assign(n, 0);
-  for (int32_t r = first; r <= last; ++r) {
-    size_t off = static_cast<size_t>(r - first);
-    if (k.kind == SortKind::CellText) {
-      k.texts[off] = c.CellText(r, k.col);
-      continue;
-    }
-    const Variant& v = c.store.CellAt(r, k.col).value;
-    if (v.IsNull()) {
-      k.nulls[off] = 1;
-    } else if (v.IsString()) {
-      k.texts[off] = std::string(v.StringView());
-    } else {
-      k.texts[off] = CStr(v);
-    }
-  }
-}
-
 PlannedCriterion Plan(control::Control& c, const Criterion& item, bool customGroupsRaise) {
   PlannedCriterion k;
   k.type = item.type;
@@ -63,9 +41,6 @@ SortPlan MakePlan(control::Control& c, const Criteria& criteria, int32_t first, 
   for (const Criterion& item : criteria) {
     bool raise = groupingSort && !c.groupedBy.empty() && item.col != lastGroupCol;
     plan.criteria.push_back(Plan(c, item, raise));
-    PlannedCriterion& k = plan.criteria.back();
-    if (k.kind == SortKind::ValueText || k.kind == SortKind::CellText)
-      PrepareTexts(c, k, first, last);
   }
   return plan;
 }
@@ -74,12 +49,41 @@ SortPlan MakePlan(control::Control& c, const Criteria& criteria, int32_t first, 
 
 DirectComparer::DirectComparer(control::Control& c, const SortPlan& plan)
     : c_(c), plan_(plan), rowCount_(c.store.RowCount()), colCount_(c.store.ColCount()) {
-  bool texts = std::any_of(plan.criteria.begin(), plan.criteria.end(),
-                           [](const PlannedCriterion& k) { return !k.texts.empty(); });
-  if (!texts) return;
-  offsetOfPhys_.assign(static_cast<size_t>(c.store.Rows().PhysHighWater()) + 1, 0);
-  for (int32_t r = plan.first; r <= plan.last; ++r)
-    offsetOfPhys_[c.store.Rows().At(r).phys] = static_cast<uint32_t>(r - plan.first);
+  PrepareTexts();
+}
+
+// Texts are taken once per row, before any comparison: formatting a displayed text or converting
+// a value for every comparison would cost far more than the sort itself.
+void DirectComparer::PrepareTexts() {
+  texts_.resize(plan_.criteria.size());
+  bool any = false;
+  for (size_t i = 0; i < plan_.criteria.size(); ++i) {
+    const PlannedCriterion& k = plan_.criteria[i];
+    if (k.kind != SortKind::ValueText && k.kind != SortKind::CellText) continue;
+    any = true;
+    Texts& t = texts_[i];
+    t.text.resize(plan_.Count());
+    if (k.kind == SortKind::ValueText) t.isNull.assign(plan_.Count(), 0);
+    for (int32_t r = plan_.first; r <= plan_.last; ++r) {
+      size_t off = static_cast<size_t>(r - plan_.first);
+      if (k.kind == SortKind::CellText) {
+        t.text[off] = c_.CellText(r, k.col);
+        continue;
+      }
+      const Variant& v = c_.store.CellAt(r, k.col).value;
+      if (v.IsNull()) {
+        t.isNull[off] = 1;
+      } else if (v.IsString()) {
+        t.text[off] = std::string(v.StringView());
+      } else {
+        t.text[off] = CStr(v);
+      }
+    }
+  }
+  if (!any) return;
+  offsetOfPhys_.assign(static_cast<size_t>(c_.store.Rows().PhysHighWater()) + 1, 0);
+  for (int32_t r = plan_.first; r <= plan_.last; ++r)
+    offsetOfPhys_[c_.store.Rows().At(r).phys] = static_cast<uint32_t>(r - plan_.first);
 }
 
 int DirectComparer::Rows(const model::RowRecord& a, int32_t posA, const model::RowRecord& b,
@@ -89,15 +93,17 @@ int DirectComparer::Rows(const model::RowRecord& a, int32_t posA, const model::R
   size_t k = 0;
   int result = 0;
   for (;;) {
-    result = Cells(ks[k], a, posA, b, posB);
+    result = Cells(k, a, posA, b, posB);
     if (result != 0 || k + 1 >= std::min(ks.size(), plan_.live->size())) break;
     ++k;
   }
   return ks[k].desc ? -result : result;
 }
 
-int DirectComparer::Cells(const PlannedCriterion& k, const model::RowRecord& a, int32_t posA,
+int DirectComparer::Cells(size_t index, const model::RowRecord& a, int32_t posA,
                           const model::RowRecord& b, int32_t posB) {
+  const PlannedCriterion& k = plan_.criteria[index];
+  const Texts& t = texts_[index];
   switch (k.kind) {
     case SortKind::None:
       return 0;
@@ -105,12 +111,12 @@ int DirectComparer::Cells(const PlannedCriterion& k, const model::RowRecord& a, 
       return CompareGeneral(c_.store.Cells().Get(k.col, a.phys).value,
                             c_.store.Cells().Get(k.col, b.phys).value);
     case SortKind::ValueText: {
-      int nulls = CompareNulls(k.nulls[Offset(a)], k.nulls[Offset(b)]);
+      int nulls = CompareNulls(t.isNull[Offset(a)], t.isNull[Offset(b)]);
       if (nulls != 2) return nulls;
-      return CompareText(k.texts[Offset(a)], k.texts[Offset(b)], NoCase(k.type));
+      return CompareText(t.text[Offset(a)], t.text[Offset(b)], NoCase(k.type));
     }
     case SortKind::CellText:
-      return CompareText(k.texts[Offset(a)], k.texts[Offset(b)], NoCase(k.type));
+      return CompareText(t.text[Offset(a)], t.text[Offset(b)], NoCase(k.type));
     case SortKind::Icon:
       if (plan_.dynamicIcons) {
         int16_t first = DynamicIcon(k, a, posA);

@@ -1,5 +1,5 @@
-// A sort's criteria as it runs them, with what is worth reading once per row beforehand (texts),
-// and the comparison of two rows that follows the rules exactly, raising the host's events.
+// A sort's criteria as it runs them, and the comparison of two rows that follows the rules exactly,
+// raising the host's events.
 #pragma once
 
 #include <cstdint>
@@ -21,8 +21,6 @@ struct PlannedCriterion {
   int32_t type = quSortNone;
   bool desc = false;
   SortKind kind = SortKind::None;
-  std::vector<std::string> texts;  // text kinds: the text of every row of the range, by offset
-  std::vector<uint8_t> nulls;      // value-text kinds: whether the row's value is Null
 };
 
 // Rows first..last (1-based, first <= last) sorted by a snapshot of the criteria. A CustomSort
@@ -53,18 +51,26 @@ class DirectComparer {
   int Rows(const model::RowRecord& a, int32_t posA, const model::RowRecord& b, int32_t posB);
 
  private:
-  int Cells(const PlannedCriterion& k, const model::RowRecord& a, int32_t posA,
-            const model::RowRecord& b, int32_t posB);
+  int Cells(size_t index, const model::RowRecord& a, int32_t posA, const model::RowRecord& b,
+            int32_t posB);
   int16_t DynamicIcon(const PlannedCriterion& k, const model::RowRecord& r, int32_t pos);
   Variant GroupValue(const PlannedCriterion& k, const model::RowRecord& r, int32_t pos);
   uint32_t Offset(const model::RowRecord& r) const { return offsetOfPhys_[r.phys]; }
   void CheckRowsKept() const;
+  void PrepareTexts();
+
+  // The texts of a text criterion, read once per row before the sort.
+  struct Texts {
+    std::vector<std::string> text;  // by offset in the range
+    std::vector<uint8_t> isNull;    // value-text kinds: whether the row's value is Null
+  };
 
   control::Control& c_;
   const SortPlan& plan_;
   int32_t rowCount_;
   int32_t colCount_;
-  std::vector<uint32_t> offsetOfPhys_;  // only when some criterion holds texts
+  std::vector<Texts> texts_;            // by criterion
+  std::vector<uint32_t> offsetOfPhys_;  // only when some criterion compares texts
 };
 
 }  // namespace quilta::ops

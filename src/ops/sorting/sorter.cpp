@@ -35,26 +35,24 @@ std::vector<Run> Runs(const RowStore& rows, int32_t first, int32_t last, bool fe
 }
 
 // Distinct keys have one sorted order, which a linear radix sort finds directly.
-std::vector<uint32_t> SortUniqueKeysOfRun(const RowKeys& keys, uint32_t base, uint32_t n) {
+void SortUniqueKeysOfRun(RowStore& rows, int32_t first, const RowKeys& keys, uint32_t base,
+                         uint32_t n) {
   std::vector<KeyedEntry> entries(n);
   for (uint32_t k = 0; k < n; ++k) entries[k] = KeyedEntry{keys.key[base + k], k, 0};
   RadixSort(entries);
-  std::vector<uint32_t> order(n);
-  for (uint32_t k = 0; k < n; ++k) order[k] = entries[k].a;
-  return order;
+  ApplyArrangement(rows, first, n, [&](size_t k) { return entries[k].a; });
 }
 
-std::vector<uint32_t> SortKeysOfRun(RowKeys& keys, uint32_t base, uint32_t n) {
-  if (keys.unique) return SortUniqueKeysOfRun(keys, base, n);
+// The keys of the run are packed in place with their offsets and Shell-sorted.
+void SortKeysOfRun(RowStore& rows, int32_t first, RowKeys& keys, uint32_t base, uint32_t n) {
+  if (keys.unique) return SortUniqueKeysOfRun(rows, first, keys, base, n);
   auto shift = std::max(1u, static_cast<unsigned>(std::bit_width(n - 1)));
   if (keys.bound > (uint64_t{1} << (64 - shift))) keys.bound = DenseRank(keys.key);
-  std::vector<uint64_t> packed(n);
-  for (uint32_t k = 0; k < n; ++k) packed[k] = keys.key[base + k] << shift | k;
-  ShellSortPacked(packed.data(), n, shift);
-  std::vector<uint32_t> order(n);
+  uint64_t* packed = keys.key.data() + base;
+  for (uint32_t k = 0; k < n; ++k) packed[k] = packed[k] << shift | k;
+  ShellSortPacked(packed, n, shift);
   uint64_t low = (uint64_t{1} << shift) - 1;
-  for (uint32_t k = 0; k < n; ++k) order[k] = static_cast<uint32_t>(packed[k] & low);
-  return order;
+  ApplyArrangement(rows, first, n, [&](size_t k) { return packed[k] & low; });
 }
 
 void SortByKeys(RowStore& rows, const SortPlan& plan, RowKeys& keys, const std::vector<Run>& runs,
@@ -62,16 +60,16 @@ void SortByKeys(RowStore& rows, const SortPlan& plan, RowKeys& keys, const std::
   for (const Run& run : runs) {
     auto n = static_cast<uint32_t>(run.last - run.first + 1);
     auto base = static_cast<uint32_t>(run.first - plan.first);
-    std::vector<uint32_t> order;
     if (how == Arrangement::Rows) {
-      order = SortKeysOfRun(keys, base, n);
-    } else {
-      order = TreeSortOrder(&rows.At(run.first), n, how == Arrangement::Tree,
-                            [&](uint32_t a, uint32_t b) {
-                              uint64_t x = keys.key[base + a], y = keys.key[base + b];
-                              return (x > y) - (x < y);
-                            });
+      SortKeysOfRun(rows, run.first, keys, base, n);
+      continue;
     }
+    std::vector<uint32_t> order = TreeSortOrder(&rows.At(run.first), n, how == Arrangement::Tree,
+                                                [&](uint32_t a, uint32_t b) {
+                                                  uint64_t x = keys.key[base + a];
+                                                  uint64_t y = keys.key[base + b];
+                                                  return (x > y) - (x < y);
+                                                });
     ApplyArrangement(rows, run.first, order);
   }
 }
