@@ -86,6 +86,8 @@ void SortBy(benchmark::State& state, const std::vector<int32_t>& cols, ESortType
 }
 
 void BM_SortOneStringColumn(benchmark::State& state) { SortBy(state, {1}, quSortByValueGeneral); }
+// The values as text ignoring case: read in place from the cells, as the general rule does.
+void BM_SortValueTextNoCase(benchmark::State& state) { SortBy(state, {1}, quSortByValueNoCase); }
 
 // Integers 0..999999 (about a third of them repeated) in rows scattered over the cell store.
 void BM_SortIntegerColumnScattered(benchmark::State& state) {
@@ -130,6 +132,7 @@ BENCHMARK(BM_SortOneStringColumn)
     ->Arg(300000)
     ->Arg(1000000)
     ->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SortValueTextNoCase)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SortStringThenNumber)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SortNumberThenString)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SortOneStringColumnThroughEvents)->Arg(100000)->Unit(benchmark::kMillisecond);

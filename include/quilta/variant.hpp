@@ -60,15 +60,22 @@ class Variant {
   Variant(const std::string& s) : Variant(std::string_view(s)) {}
   Variant(std::string_view s);
 
-  Variant(const Variant& other) noexcept;
+  Variant(const Variant& other) noexcept : type_(other.type_), u_(other.u_) {
+    if (Shared(type_)) AddRef();
+  }
   Variant(Variant&& other) noexcept : type_(other.type_), u_(other.u_) {
     other.type_ = vbEmpty;
     other.u_.ll = 0;
   }
-  Variant& operator=(const Variant& other) noexcept;
+  Variant& operator=(const Variant& other) noexcept {
+    if (Shared(type_) || Shared(other.type_)) return AssignShared(other);
+    type_ = other.type_;
+    u_ = other.u_;
+    return *this;
+  }
   Variant& operator=(Variant&& other) noexcept;
   ~Variant() {
-    if (type_ >= vbString) Release();
+    if (Shared(type_)) Release();
   }
 
   static Variant Null() noexcept;
@@ -139,6 +146,11 @@ class Variant {
 
  private:
   static constexpr uint16_t kArrayTag = 0x2000;
+  // Strings, objects and arrays hold counted references to shared storage.
+  static bool Shared(uint16_t type) noexcept {
+    return type == vbString || type == vbObject || type == kArrayTag;
+  }
+  Variant& AssignShared(const Variant& other) noexcept;
   void Release() noexcept;
   void AddRef() const noexcept;
   detail::ArrRep* MutableArray();

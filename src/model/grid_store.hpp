@@ -42,6 +42,9 @@ class GridStore {
   // Reference resolution; both raise 513 when the reference does not resolve.
   int32_t ResolveColSlot(const Variant& vCol) const;
   int32_t ResolveColIndex(const Variant& vCol) const {
+    // Column indexes are 1..RowTextCol without gaps: a plain index needs no slot lookup.
+    if (vCol.Type() == vbLong && vCol.LongValue() >= 1 && vCol.LongValue() <= cols_.RowTextCol())
+      return vCol.LongValue();
     return cols_.AtSlot(ResolveColSlot(vCol)).index;
   }
   int32_t ResolveRow(const Variant& vRow) const;

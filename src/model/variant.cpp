@@ -2,6 +2,7 @@
 // objects) or copy-on-write (arrays) blocks, so copying a Variant never copies text.
 #include <atomic>
 #include <cmath>
+#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <new>
@@ -51,7 +52,9 @@ using detail::StrRep;
 
 Variant::Variant(std::string_view s) : type_(vbString) {
   if (s.size() > UINT32_MAX - sizeof(StrRep)) throw Error::FromCode(quErrOutOfMemory);
-  void* mem = std::malloc(sizeof(StrRep) + s.size());
+  // Header, text and a terminating zero, without the struct's tail padding: texts up to 15 bytes
+  // then fit the allocator's smallest block.
+  void* mem = std::malloc(offsetof(StrRep, data) + s.size() + 1);
   if (!mem) throw std::bad_alloc();
   auto* rep = static_cast<StrRep*>(mem);
   new (&rep->refs) std::atomic<uint32_t>(1);
@@ -61,14 +64,10 @@ Variant::Variant(std::string_view s) : type_(vbString) {
   u_.s = rep;
 }
 
-Variant::Variant(const Variant& other) noexcept : type_(other.type_), u_(other.u_) {
-  if (type_ >= vbString) AddRef();
-}
-
-Variant& Variant::operator=(const Variant& other) noexcept {
+Variant& Variant::AssignShared(const Variant& other) noexcept {
   if (this != &other) {
     other.AddRef();
-    if (type_ >= vbString) Release();
+    if (Shared(type_)) Release();
     type_ = other.type_;
     u_ = other.u_;
   }
@@ -77,7 +76,7 @@ Variant& Variant::operator=(const Variant& other) noexcept {
 
 Variant& Variant::operator=(Variant&& other) noexcept {
   if (this != &other) {
-    if (type_ >= vbString) Release();
+    if (Shared(type_)) Release();
     type_ = other.type_;
     u_ = other.u_;
     other.type_ = vbEmpty;
