@@ -20,6 +20,10 @@ inline void RadixSort(std::vector<KeyedEntry>& entries) {
   RadixSort(entries.data(), entries.size(), buffer);
 }
 
+// Sorts 64-bit entries by their upper 32 bits (stable), eleven bits a pass; bits that all entries
+// share cost no pass.
+void RadixSortByHigh32(std::vector<uint64_t>& entries);
+
 // An unsigned key ordered as the doubles are (0 and -0 alike; no NaN).
 uint64_t OrderedBits(double d);
 // An unsigned key ordered as the signed integers are.

@@ -29,13 +29,12 @@ struct Ranks {
   }
 };
 
-// Integer values ranked by their distance from the lowest (Nulls first, at rank 0), which orders
-// them without sorting. Values spread wider than a few per row are left to the sorting rankers,
-// because the ranks must fit the sort keys and telling whether all values differ takes a bitmap
-// as wide as the spread.
-class NarrowIntegerRanks {
+// Integer values of up to 32 bits ranked without comparing them one by one (Nulls first, at rank
+// 0). Within a narrow spread a value's rank is its distance from the lowest, and a bitmap as wide
+// as the spread tells whether all differ; a wider spread is radix-sorted into dense ranks.
+class IntegerRanks {
  public:
-  explicit NarrowIntegerRanks(Ranks& out) : out_(out) {}
+  explicit IntegerRanks(Ranks& out) : out_(out) {}
   void Put(uint32_t off, int64_t v) {
     out_.rank[off] = static_cast<uint32_t>(v);
     low_ = std::min(low_, v);
@@ -44,18 +43,20 @@ class NarrowIntegerRanks {
   void PutNull(uint32_t off) { nulls_.push_back(off); }
   int64_t Low() const { return low_; }
   int64_t High() const { return high_; }
-  // Fails, leaving the ranks unfinished, when the values spread too wide.
+  // Fails, leaving the ranks unfinished, when the values spread beyond 32 bits.
   bool Finish() {
-    uint32_t n = static_cast<uint32_t>(out_.rank.size());
-    uint64_t shift = nulls_.empty() ? 0 : 1;
+    auto n = static_cast<uint32_t>(out_.rank.size());
     if (nulls_.size() == n) return Done(1, n == 1);
-    uint64_t widest = std::min<uint64_t>(uint64_t{kSpreadPerRow} * n, UINT32_MAX - 1);
-    if (static_cast<uint64_t>(high_ - low_) >= widest) return false;
-    auto base = static_cast<uint32_t>(low_);
-    for (uint32_t& r : out_.rank) r = r - base + static_cast<uint32_t>(shift);
+    auto spread = static_cast<uint64_t>(high_ - low_);
+    if (spread > UINT32_MAX) return false;
+    uint32_t nullRanks = nulls_.empty() ? 0 : 1;
+    if (spread < uint64_t{kSpreadPerRow} * n && spread < UINT32_MAX - 1) {
+      RankByDistance(nullRanks);
+    } else {
+      RankBySorting(nullRanks);
+    }
     for (uint32_t off : nulls_) out_.rank[off] = 0;
-    auto bound = static_cast<uint64_t>(high_ - low_) + 1 + shift;
-    return Done(bound, nulls_.size() <= 1 && bound >= n && AllDiffer(shift));
+    return true;
   }
 
  private:
@@ -66,15 +67,45 @@ class NarrowIntegerRanks {
     out_.unique = unique;
     return true;
   }
-  bool AllDiffer(uint64_t nullRank) const {
+  void RankByDistance(uint32_t nullRanks) {
+    auto base = static_cast<uint32_t>(low_);
+    for (uint32_t& r : out_.rank) r = r - base + nullRanks;
+    for (uint32_t off : nulls_) out_.rank[off] = 0;
+    uint64_t bound = static_cast<uint64_t>(high_ - low_) + 1 + nullRanks;
+    Done(bound, nulls_.size() <= 1 && bound >= out_.rank.size() && AllDiffer(nullRanks));
+  }
+  bool AllDiffer(uint32_t firstValueRank) const {
     std::vector<uint64_t> seen(static_cast<size_t>(high_ - low_) / 64 + 2);
     for (uint32_t r : out_.rank) {
-      if (r < nullRank) continue;
+      if (r < firstValueRank) continue;
       uint64_t bit = uint64_t{1} << (r % 64);
       if (seen[r / 64] & bit) return false;
       seen[r / 64] |= bit;
     }
     return true;
+  }
+  // Distances from the lowest value in the high half, offsets in the low half.
+  void RankBySorting(uint32_t nullRanks) {
+    std::vector<uint8_t> isNull(nulls_.empty() ? 0 : out_.rank.size());
+    for (uint32_t off : nulls_) isNull[off] = 1;
+    auto base = static_cast<uint32_t>(low_);
+    std::vector<uint64_t> sorted;
+    sorted.reserve(out_.rank.size() - nulls_.size());
+    for (uint32_t off = 0; off < out_.rank.size(); ++off)
+      if (isNull.empty() || !isNull[off])
+        sorted.push_back(uint64_t{out_.rank[off] - base} << 32 | off);
+    RadixSortByHigh32(sorted);
+    uint32_t next = nullRanks;
+    bool repeats = nulls_.size() > 1;
+    for (size_t i = 0; i < sorted.size(); ++i) {
+      if (i > 0) {
+        bool same = sorted[i] >> 32 == sorted[i - 1] >> 32;
+        repeats |= same;
+        next += same ? 0 : 1;
+      }
+      out_.rank[static_cast<uint32_t>(sorted[i])] = next;
+    }
+    Done(uint64_t{next} + 1, !repeats);
   }
 
   Ranks& out_;
@@ -184,10 +215,10 @@ struct RankSource {
   const RangeCells& cells;
 };
 
-// Columns of whole numbers, the commonest sort, rank without sorting. Fails at the first value of
-// another kind, or when the values spread too wide.
+// Columns of whole numbers, the commonest sort, rank without comparisons. Fails at the first value
+// of another kind.
 bool RankWholeNumbers(const RankSource& src, int32_t col, Ranks& out) {
-  NarrowIntegerRanks ranks(out);
+  IntegerRanks ranks(out);
   bool whole = src.cells.ForEach(col, [&](uint32_t off, const model::Cell& cell) {
     const Variant& v = cell.value;
     switch (v.Type()) {
@@ -307,24 +338,12 @@ bool RankTexts(const RankSource& src, const PlannedCriterion& k, Ranks& out) {
 }
 
 bool RankFields(const RankSource& src, const PlannedCriterion& k, Ranks& out) {
-  NarrowIntegerRanks narrow(out);
+  IntegerRanks ranks(out);
   src.cells.ForEach(k.col, [&](uint32_t off, const model::Cell& cell) {
-    narrow.Put(off, FieldValue(k.type, cell));
+    ranks.Put(off, FieldValue(k.type, cell));
     return true;
   });
-  if (!FieldsOrderNaturally(k.type, narrow.Low(), narrow.High())) return false;
-  if (narrow.Finish()) return true;
-  std::vector<KeyedEntry> fields(out.rank.size());
-  src.cells.ForEach(k.col, [&](uint32_t off, const model::Cell& cell) {
-    fields[off] = KeyedEntry{OrderedBits(FieldValue(k.type, cell)), off, 0};
-    return true;
-  });
-  RadixSort(fields);
-  RankWriter ranks(out.rank);
-  for (size_t i = 0; i < fields.size(); ++i)
-    ranks.Put(fields[i].a, i == 0 || fields[i - 1].key != fields[i].key ? -1 : 0);
-  out.SetDense(ranks.Distinct());
-  return true;
+  return FieldsOrderNaturally(k.type, ranks.Low(), ranks.High()) && ranks.Finish();
 }
 
 bool RankCriterion(const RankSource& src, const PlannedCriterion& k, Ranks& out) {
