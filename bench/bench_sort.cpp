@@ -25,7 +25,8 @@ std::string RandomWord(std::mt19937& random) {
 }
 
 // Column 1: words (mostly distinct, some repeated in other cases); column 2: integers 0..9999
-// (many ties); the other columns keep their defaults.
+// (many ties); column 3: integers 0..999999; column 4: integers over the whole 32-bit range (few
+// ties); the other columns keep their defaults.
 struct SortGrid {
   Quilta grid;
   std::vector<model::RowRecord> shuffled;
@@ -46,6 +47,7 @@ struct SortGrid {
       store.Cells().Column(1).NoteRefs(store.MutableCell(r, 1));
       store.MutableCell(r, 2).value = Variant(static_cast<int32_t>(random() % 10000));
       store.MutableCell(r, 3).value = Variant(static_cast<int32_t>(random() % 1000000));
+      store.MutableCell(r, 4).value = Variant(static_cast<int32_t>(random()));
     }
     shuffled = store.Rows().Records();
     // Rows in an order unrelated to their physical rows, as after an earlier sort.
@@ -89,20 +91,29 @@ void BM_SortOneStringColumn(benchmark::State& state) { SortBy(state, {1}, quSort
 // The values as text ignoring case: read in place from the cells, as the general rule does.
 void BM_SortValueTextNoCase(benchmark::State& state) { SortBy(state, {1}, quSortByValueNoCase); }
 
-// Integers 0..999999 (about a third of them repeated) in rows scattered over the cell store.
-void BM_SortIntegerColumnScattered(benchmark::State& state) {
+void SortScatteredBy(benchmark::State& state, int32_t col) {
   SortGrid& g = GridOf(static_cast<int32_t>(state.range(0)));
   for (auto _ : state) {
     state.PauseTiming();
     g.Scatter();
     g.grid.SortObject().Clear();
-    g.grid.SortObject().AddItem(3, quSortAsc, quSortByValueGeneral);
+    g.grid.SortObject().AddItem(col, quSortAsc, quSortByValueGeneral);
     state.ResumeTiming();
     g.grid.Sort();
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
 }
+
+// Integers 0..999999 (about a third of them repeated) in rows scattered over the cell store:
+// ranked by their distance from the lowest.
+void BM_SortIntegerColumnScattered(benchmark::State& state) { SortScatteredBy(state, 3); }
+// Integers spread over the whole 32-bit range: ranked by a radix sort.
+void BM_SortWideIntegerColumnScattered(benchmark::State& state) { SortScatteredBy(state, 4); }
 BENCHMARK(BM_SortIntegerColumnScattered)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_SortWideIntegerColumnScattered)
+    ->Arg(100000)
+    ->Arg(1000000)
+    ->Unit(benchmark::kMillisecond);
 void BM_SortStringThenNumber(benchmark::State& state) {
   SortBy(state, {1, 2}, quSortByValueGeneral);
 }
