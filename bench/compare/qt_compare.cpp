@@ -111,6 +111,7 @@ long SettledResidentBytes() {
 // The figures of one engine; an absent value is printed as "-".
 struct Figures {
   std::optional<double> load, loadWarm, bytesPerCell, sortText, sortInt, change, changeOneValue;
+  long residentBefore = 0, residentAfter = 0;  // bytes, around the first load
   std::string firstText;  // the first text value after the text sort (folded), for cross-checks
   int32_t firstInt = 0;   // the first integer after the integer sort
 };
@@ -200,7 +201,9 @@ Figures RunQuilta(const Table& t) {
   auto t0 = std::chrono::steady_clock::now();
   auto grid = LoadQuilta(t);
   f.load = Seconds(t0);
-  f.bytesPerCell = double(quilta::bench::ResidentBytes() - before) / (double(t.rows) * kCols);
+  f.residentBefore = before;
+  f.residentAfter = quilta::bench::ResidentBytes();
+  f.bytesPerCell = double(f.residentAfter - before) / (double(t.rows) * kCols);
   if (grid->RowCount() != t.rows || grid->ColCount() != kCols) Fail("Quilta shape");
   if (grid->CellValue(t.rows, 1).StringView() != t.text.back()) Fail("Quilta last text");
   if (grid->ColSortType(1) != quSortByValueNoCase || grid->ColSortType(2) != quSortByValueGeneral)
@@ -281,7 +284,9 @@ Figures RunQt(const Table& t) {
   auto t0 = std::chrono::steady_clock::now();
   auto model = LoadQt(t);
   f.load = Seconds(t0);
-  f.bytesPerCell = double(quilta::bench::ResidentBytes() - before) / (double(t.rows) * kCols);
+  f.residentBefore = before;
+  f.residentAfter = quilta::bench::ResidentBytes();
+  f.bytesPerCell = double(f.residentAfter - before) / (double(t.rows) * kCols);
   if (model->rowCount() != t.rows || model->columnCount() != kCols) Fail("Qt shape");
   if (model->item(t.rows - 1, 0)->text().toStdString() != t.text.back()) Fail("Qt last text");
 
@@ -363,6 +368,11 @@ void PrintTable(int32_t rows, const Figures& q, const Figures& qt, const Figures
   PrintRow("sort integer", q.sortInt, qt.sortInt, fl.sortInt, "s");
   PrintRow("change one column (per row)", q.change, qt.change, {}, "s");
   PrintRow("  Quilta SetColCellsProp", q.changeOneValue, {}, {}, "s");
+  std::printf(
+      "\nresident memory before -> after the first load: Quilta %.1f -> %.1f MB, Qt %.1f -> "
+      "%.1f MB\n",
+      q.residentBefore / 1e6, q.residentAfter / 1e6, qt.residentBefore / 1e6,
+      qt.residentAfter / 1e6);
   std::fflush(stdout);
 }
 
