@@ -1,6 +1,7 @@
 #include "model/column_store.hpp"
 
 #include "model/cell_object_access.hpp"
+#include "model/text/text.hpp"
 
 namespace quilta::model {
 
@@ -20,6 +21,13 @@ int32_t ColumnStore::SlotOfIndex(int32_t index) const {
 int32_t ColumnStore::SlotOfKey(std::string_view keyLower) const {
   for (int32_t p = 1; p <= RowTextCol(); ++p)
     if (slots_[p - 1].keyLower == keyLower) return p;
+  return 0;
+}
+
+int32_t ColumnStore::SlotOfKeyAnyCase(std::string_view key) const {
+  if (key.empty()) return 0;
+  for (int32_t p = 1; p <= RowTextCol(); ++p)
+    if (text::EqualsLowered(slots_[p - 1].keyLower, key)) return p;
   return 0;
 }
 

@@ -63,6 +63,9 @@ class ColumnStore {
   int32_t SlotOfIndex(int32_t index) const;
   // The first slot (1..ColCount+1) whose lower-case key equals keyLower, or 0.
   int32_t SlotOfKey(std::string_view keyLower) const;
+  // The same for a key in any case. Hosts name columns by key on every cell access, so this
+  // makes no lower-case copy of a plain ASCII key.
+  int32_t SlotOfKeyAnyCase(std::string_view key) const;
   Column& AtIndex(int32_t index) { return AtSlot(SlotOfIndex(index)); }
   const Column& AtIndex(int32_t index) const { return AtSlot(SlotOfIndex(index)); }
   // Whether another column (other than the one at exceptSlot) has this non-empty key.

@@ -59,10 +59,10 @@ int32_t GridStore::ResolveColSlot(const Variant& vCol) const {
   int32_t index = 0;
   if (NumberToIndex(vCol, index)) {
     slot = cols_.SlotOfIndex(index);
-  } else if (vCol.IsString() || vCol.Type() == vbDate) {
-    std::string lower =
-        text::ToLower(vCol.IsString() ? std::string(vCol.StringView()) : CStr(vCol));
-    if (!lower.empty()) slot = cols_.SlotOfKey(lower);
+  } else if (vCol.IsString()) {
+    slot = cols_.SlotOfKeyAnyCase(vCol.StringView());
+  } else if (vCol.Type() == vbDate) {
+    slot = cols_.SlotOfKeyAnyCase(CStr(vCol));
   }
   if (slot < 1 || slot > cols_.RowTextCol()) Raise(quErrSubscriptOutOfRange);
   return slot;

@@ -37,6 +37,13 @@ TEST(Columns, KeysAreCaseInsensitiveAndUnique) {
   grid.AddCol({.sKey = "Name"});
   EXPECT_EQ(grid.ColIndex("name"), 1);
   EXPECT_EQ(grid.ColIndex("NAME"), 1);
+  ExpectError(513, [&] { grid.ColIndex("Names"); });
+  grid.AddCol({.sKey = "Gr\xc3\xb6\xc3\x9f"
+                       "e"});  // Größe
+  EXPECT_EQ(grid.ColIndex("GR\xc3\x96\xc3\x9f"
+                          "E"),
+            2);
+  grid.RemoveCol(2);
   ExpectError(515, [&] { grid.AddCol({.sKey = "NAME"}); });
   EXPECT_EQ(grid.ColCount(), 1);
   grid.AddCol();  // empty keys may repeat

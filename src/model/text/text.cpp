@@ -250,6 +250,15 @@ std::string MapText(std::string_view s, MapAscii ascii, MapCodePoint map) {
 
 std::string ToLower(std::string_view s) { return MapText(s, AsciiLower, LowerOf); }
 
+bool EqualsLowered(std::string_view lowered, std::string_view s) {
+  if (!IsAscii(s)) return lowered == ToLower(s);
+  if (lowered.size() != s.size()) return false;
+  for (size_t i = 0; i < s.size(); ++i)
+    if (static_cast<unsigned char>(lowered[i]) != AsciiLower(static_cast<unsigned char>(s[i])))
+      return false;
+  return true;
+}
+
 std::string ToUpper(std::string_view s) { return MapText(s, AsciiUpper, UpperOf); }
 
 int CompareBinary(std::string_view a, std::string_view b) noexcept {

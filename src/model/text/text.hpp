@@ -8,6 +8,8 @@ namespace quilta::text {
 
 // Lower-case copy of UTF-8 text (simple case mapping).
 std::string ToLower(std::string_view s);
+// Whether ToLower(s) equals `lowered`; plain ASCII text is folded as it is compared, not copied.
+bool EqualsLowered(std::string_view lowered, std::string_view s);
 // Upper-case copy of UTF-8 text (simple case mapping).
 std::string ToUpper(std::string_view s);
 // Binary comparison by byte (= code point order for UTF-8): -1, 0 or 1.
