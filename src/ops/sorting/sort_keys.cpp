@@ -8,150 +8,15 @@
 #include <string_view>
 
 #include "control/control.hpp"
+#include "ops/sorting/integer_ranking.hpp"
 #include "ops/sorting/radix_sort.hpp"
+#include "ops/sorting/range_cells.hpp"
 #include "ops/sorting/text_ranking.hpp"
 
 namespace quilta::ops {
 namespace {
 
 using Order = std::vector<uint32_t>;
-
-// Ranks of one criterion. They need not be dense, only ordered as the comparison orders the rows:
-// equal rows share a rank, a smaller row has a smaller rank.
-struct Ranks {
-  std::vector<uint32_t> rank;  // by offset
-  uint64_t bound = 0;          // every rank is below it
-  bool unique = false;         // no two rows share a rank
-
-  void SetDense(uint32_t distinct) {
-    bound = distinct;
-    unique = distinct == rank.size();
-  }
-};
-
-// Integer values of up to 32 bits ranked without comparing them one by one (Nulls first, at rank
-// 0). Within a narrow spread a value's rank is its distance from the lowest, and a bitmap as wide
-// as the spread tells whether all differ; a wider spread is radix-sorted into dense ranks.
-class IntegerRanks {
- public:
-  explicit IntegerRanks(Ranks& out) : out_(out) {}
-  void Put(uint32_t off, int64_t v) {
-    out_.rank[off] = static_cast<uint32_t>(v);
-    low_ = std::min(low_, v);
-    high_ = std::max(high_, v);
-  }
-  void PutNull(uint32_t off) { nulls_.push_back(off); }
-  int64_t Low() const { return low_; }
-  int64_t High() const { return high_; }
-  // Fails, leaving the ranks unfinished, when the values spread beyond 32 bits.
-  bool Finish() {
-    auto n = static_cast<uint32_t>(out_.rank.size());
-    if (nulls_.size() == n) return Done(1, n == 1);
-    auto spread = static_cast<uint64_t>(high_ - low_);
-    if (spread > UINT32_MAX) return false;
-    uint32_t nullRanks = nulls_.empty() ? 0 : 1;
-    if (spread < uint64_t{kSpreadPerRow} * n && spread < UINT32_MAX - 1) {
-      RankByDistance(nullRanks);
-    } else {
-      RankBySorting(nullRanks);
-    }
-    for (uint32_t off : nulls_) out_.rank[off] = 0;
-    return true;
-  }
-
- private:
-  static constexpr uint32_t kSpreadPerRow = 8;
-
-  bool Done(uint64_t bound, bool unique) {
-    out_.bound = bound;
-    out_.unique = unique;
-    return true;
-  }
-  void RankByDistance(uint32_t nullRanks) {
-    auto base = static_cast<uint32_t>(low_);
-    for (uint32_t& r : out_.rank) r = r - base + nullRanks;
-    for (uint32_t off : nulls_) out_.rank[off] = 0;
-    uint64_t bound = static_cast<uint64_t>(high_ - low_) + 1 + nullRanks;
-    Done(bound, nulls_.size() <= 1 && bound >= out_.rank.size() && AllDiffer(nullRanks));
-  }
-  bool AllDiffer(uint32_t firstValueRank) const {
-    std::vector<uint64_t> seen(static_cast<size_t>(high_ - low_) / 64 + 2);
-    for (uint32_t r : out_.rank) {
-      if (r < firstValueRank) continue;
-      uint64_t bit = uint64_t{1} << (r % 64);
-      if (seen[r / 64] & bit) return false;
-      seen[r / 64] |= bit;
-    }
-    return true;
-  }
-  // Distances from the lowest value in the high half, offsets in the low half.
-  void RankBySorting(uint32_t nullRanks) {
-    std::vector<uint8_t> isNull(nulls_.empty() ? 0 : out_.rank.size());
-    for (uint32_t off : nulls_) isNull[off] = 1;
-    auto base = static_cast<uint32_t>(low_);
-    std::vector<uint64_t> sorted;
-    sorted.reserve(out_.rank.size() - nulls_.size());
-    for (uint32_t off = 0; off < out_.rank.size(); ++off)
-      if (isNull.empty() || !isNull[off])
-        sorted.push_back(uint64_t{out_.rank[off] - base} << 32 | off);
-    RadixSortByHigh32(sorted);
-    uint32_t next = nullRanks;
-    bool repeats = nulls_.size() > 1;
-    for (size_t i = 0; i < sorted.size(); ++i) {
-      if (i > 0) {
-        bool same = sorted[i] >> 32 == sorted[i - 1] >> 32;
-        repeats |= same;
-        next += same ? 0 : 1;
-      }
-      out_.rank[static_cast<uint32_t>(sorted[i])] = next;
-    }
-    Done(uint64_t{next} + 1, !repeats);
-  }
-
-  Ranks& out_;
-  std::vector<uint32_t> nulls_;
-  int64_t low_ = std::numeric_limits<int64_t>::max();
-  int64_t high_ = std::numeric_limits<int64_t>::min();
-};
-
-// The cells of a range's rows, column by column. When the range is a good part of the grid, the
-// cells are visited in physical-row order: after an earlier sort the rows lie scattered over the
-// cell store, and reading a column front to back keeps the reads sequential.
-class RangeCells {
- public:
-  RangeCells(control::Control& c, int32_t first, uint32_t n)
-      : rows_(c.store.Rows()), cells_(c.store.Cells()), first_(first), n_(n) {
-    const int32_t high = rows_.PhysHighWater();
-    if (static_cast<int64_t>(n) * 4 < high) return;
-    offsetOfPhys_.assign(static_cast<size_t>(high) + 1, kNone);
-    for (uint32_t off = 0; off < n; ++off) offsetOfPhys_[Phys(off)] = off;
-  }
-
-  // Calls fn(offset, cell) for each cell of the column; stops early when fn returns false.
-  template <class Fn>
-  bool ForEach(int32_t col, Fn&& fn) const {
-    if (offsetOfPhys_.empty()) {
-      for (uint32_t off = 0; off < n_; ++off)
-        if (!fn(off, cells_.Get(col, Phys(off)))) return false;
-      return true;
-    }
-    for (size_t phys = 1; phys < offsetOfPhys_.size(); ++phys) {
-      uint32_t off = offsetOfPhys_[phys];
-      if (off != kNone && !fn(off, cells_.Get(col, static_cast<int32_t>(phys)))) return false;
-    }
-    return true;
-  }
-
- private:
-  static constexpr uint32_t kNone = UINT32_MAX;
-  int32_t Phys(uint32_t off) const { return rows_.At(first_ + static_cast<int32_t>(off)).phys; }
-
-  const model::RowStore& rows_;
-  const model::CellStore& cells_;
-  int32_t first_;
-  uint32_t n_;
-  std::vector<uint32_t> offsetOfPhys_;
-};
 
 // ---- Values by the general rule --------------------------------------------------------------
 
@@ -385,7 +250,7 @@ bool BuildRowKeys(control::Control& c, const SortPlan& plan, RowKeys& out) {
   out.key.assign(plan.Count(), 0);
   out.bound = 1;
   out.unique = false;
-  RangeCells cells(c, plan.first, plan.Count());
+  RangeCells cells(c.store.Rows(), c.store.Cells(), plan.first, plan.Count());
   RankSource src{c, plan.first, cells};
   Ranks ranks;
   ranks.rank.resize(plan.Count());
