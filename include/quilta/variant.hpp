@@ -156,6 +156,14 @@ class Variant {
   detail::ArrRep* MutableArray();
 
   uint16_t type_;
+
+ protected:
+  // Six bytes between the type code and the payload that hold no part of the value: assigning a
+  // value leaves them alone, and a new variant has them zero. The grid's cell records keep some
+  // of their own fields here, which keeps a cell small.
+  uint8_t spare_[6] = {};
+
+ private:
   union Payload {
     bool b;
     int16_t i;

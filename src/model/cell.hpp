@@ -1,25 +1,60 @@
-// The compact cell record: one per (column index, physical row), 56 bytes, fields bit-packed.
+// The compact cell record: one per (column index, physical row), 48 bytes, fields bit-packed.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <quilta/enums.hpp>
 #include <quilta/variant.hpp>
+#include <utility>
 
 namespace quilta::model {
 
+// A cell's value. The variant's spare bytes hold the cell's icons, image lists and alignment;
+// copying a cell value copies them, assigning a plain value keeps them.
+class CellValue : public Variant {
+ public:
+  CellValue() = default;
+  CellValue(const CellValue& other) : Variant(other) { CopySpare(other); }
+  CellValue(CellValue&& other) noexcept : Variant(std::move(other)) { CopySpare(other); }
+  CellValue& operator=(const CellValue& other) {
+    Variant::operator=(other);
+    CopySpare(other);
+    return *this;
+  }
+  CellValue& operator=(CellValue&& other) noexcept {
+    Variant::operator=(std::move(other));
+    CopySpare(other);
+    return *this;
+  }
+  using Variant::operator=;
+  friend bool operator==(const CellValue& a, const CellValue& b) {
+    return static_cast<const Variant&>(a) == static_cast<const Variant&>(b) &&
+           std::memcmp(a.spare_, b.spare_, sizeof a.spare_) == 0;
+  }
+
+  // Spare byte layout: icon (2 bytes), extra icon (2), image lists (1), alignment (1).
+  int16_t Int16At(size_t at) const {
+    int16_t v;
+    std::memcpy(&v, spare_ + at, sizeof v);
+    return v;
+  }
+  void SetInt16At(size_t at, int16_t v) { std::memcpy(spare_ + at, &v, sizeof v); }
+  uint8_t ByteAt(size_t at) const { return spare_[at]; }
+  void SetByteAt(size_t at, uint8_t v) { spare_[at] = v; }
+
+ private:
+  void CopySpare(const CellValue& other) { std::memcpy(spare_, other.spare_, sizeof spare_); }
+};
+
 struct Cell {
-  Variant value;
+  CellValue value;  // also holds icon, extra icon, image lists and alignment (see CellValue)
   Color backColor = -1;
   Color foreColor = -1;
-  int16_t icon = 0;
-  int16_t extraIcon = 0;
-  uint8_t imageLists = 0x11;  // bits 0-3 image list, 4-7 extra image list
-  uint8_t alignment = 0;      // bits 0-1 horizontal, 2-3 vertical, 4-5 icon to text
   uint8_t indentLeft = 1;
   uint8_t indentRight = 1;
   uint8_t indentTop = 0;
   uint8_t indentBottom = 0;
-  uint16_t reserved = 0;  // keeps the record free of hidden padding
   int32_t textFlags = quTextEndEllipsis;
   uint8_t state = kHatchNoneBits | kSelectable;  // type, hatch, selectable, selected, re-measure
   uint8_t check = 0;     // bits 0-1 check state, bit 2 visible, bits 3-7 type flags
@@ -29,6 +64,8 @@ struct Cell {
   int32_t comboListIndex = 0;
   int16_t ctrlKey = 0;
   uint16_t font = 0;  // 0 = the grid's default font
+
+  Cell() { value.SetByteAt(kImageListsAt, 0x11); }
 
   // state byte
   static constexpr uint8_t kTypeMask = 0x03;
@@ -77,28 +114,44 @@ struct Cell {
     checkPos = static_cast<uint8_t>((checkPos & ~kCheckPosMask) | (p & kCheckPosMask));
   }
 
-  EHAlignment AlignH() const { return static_cast<EHAlignment>(alignment & 0x03); }
-  void SetAlignH(EHAlignment a) { SetField(alignment, 0, 0x03, a); }
-  EVAlignment AlignV() const { return static_cast<EVAlignment>((alignment >> 2) & 0x03); }
-  void SetAlignV(EVAlignment a) { SetField(alignment, 2, 0x03, a); }
+  int16_t Icon() const { return value.Int16At(kIconAt); }
+  void SetIcon(int16_t i) { value.SetInt16At(kIconAt, i); }
+  int16_t ExtraIcon() const { return value.Int16At(kExtraIconAt); }
+  void SetExtraIcon(int16_t i) { value.SetInt16At(kExtraIconAt, i); }
+
+  // alignment byte: bits 0-1 horizontal, 2-3 vertical, 4-5 icon to text
+  EHAlignment AlignH() const { return static_cast<EHAlignment>(Alignment() & 0x03); }
+  void SetAlignH(EHAlignment a) { SetAlignment(With(Alignment(), 0, 0x03, a)); }
+  EVAlignment AlignV() const { return static_cast<EVAlignment>((Alignment() >> 2) & 0x03); }
+  void SetAlignV(EVAlignment a) { SetAlignment(With(Alignment(), 2, 0x03, a)); }
   ECellIconToText IconToText() const {
-    return static_cast<ECellIconToText>((alignment >> 4) & 0x03);
+    return static_cast<ECellIconToText>((Alignment() >> 4) & 0x03);
   }
-  void SetIconToText(ECellIconToText p) { SetField(alignment, 4, 0x03, p); }
-  uint8_t ImageList() const { return imageLists & 0x0F; }
-  void SetImageList(uint8_t n) { SetField(imageLists, 0, 0x0F, n); }
-  uint8_t ExtraImageList() const { return imageLists >> 4; }
-  void SetExtraImageList(uint8_t n) { SetField(imageLists, 4, 0x0F, n); }
+  void SetIconToText(ECellIconToText p) { SetAlignment(With(Alignment(), 4, 0x03, p)); }
+  // image lists byte: bits 0-3 image list, 4-7 extra image list
+  uint8_t ImageList() const { return ImageLists() & 0x0F; }
+  void SetImageList(uint8_t n) { SetImageLists(With(ImageLists(), 0, 0x0F, n)); }
+  uint8_t ExtraImageList() const { return ImageLists() >> 4; }
+  void SetExtraImageList(uint8_t n) { SetImageLists(With(ImageLists(), 4, 0x0F, n)); }
 
  private:
+  static constexpr size_t kIconAt = 0;
+  static constexpr size_t kExtraIconAt = 2;
+  static constexpr size_t kImageListsAt = 4;
+  static constexpr size_t kAlignmentAt = 5;
+
+  uint8_t Alignment() const { return value.ByteAt(kAlignmentAt); }
+  void SetAlignment(uint8_t b) { value.SetByteAt(kAlignmentAt, b); }
+  uint8_t ImageLists() const { return value.ByteAt(kImageListsAt); }
+  void SetImageLists(uint8_t b) { value.SetByteAt(kImageListsAt, b); }
+  static uint8_t With(uint8_t byte, int shift, int mask, int v) {
+    return static_cast<uint8_t>((byte & ~(mask << shift)) | ((v & mask) << shift));
+  }
   static void SetBit(uint8_t& byte, uint8_t bit, bool on) {
     byte = static_cast<uint8_t>(on ? (byte | bit) : (byte & ~bit));
   }
-  static void SetField(uint8_t& byte, int shift, int mask, int value) {
-    byte = static_cast<uint8_t>((byte & ~(mask << shift)) | ((value & mask) << shift));
-  }
 };
 
-static_assert(sizeof(Cell) == 56, "a cell record is 56 bytes");
+static_assert(sizeof(Cell) == 48, "a cell record is 48 bytes");
 
 }  // namespace quilta::model

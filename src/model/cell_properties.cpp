@@ -127,10 +127,10 @@ void WriteCellProperty(Cell& cell, ECellProperty p, const Variant& v) {
       cell.indentTop = static_cast<uint8_t>(v.LongValue());
       break;
     case quPropCellIcon:
-      cell.icon = static_cast<int16_t>(v.LongValue());
+      cell.SetIcon(static_cast<int16_t>(v.LongValue()));
       break;
     case quPropCellExtraIcon:
-      cell.extraIcon = static_cast<int16_t>(v.LongValue());
+      cell.SetExtraIcon(static_cast<int16_t>(v.LongValue()));
       break;
     case quPropCellBackColor:
       cell.backColor = v.LongValue();
@@ -202,9 +202,9 @@ Variant ReadCellProperty(const Cell& cell, ECellProperty p, const CellResources&
     case quPropCellIndentTop:
       return cell.indentTop;
     case quPropCellIcon:
-      return cell.icon;
+      return cell.Icon();
     case quPropCellExtraIcon:
-      return cell.extraIcon;
+      return cell.ExtraIcon();
     case quPropCellBackColor:
       return cell.backColor;
     case quPropCellForeColor:

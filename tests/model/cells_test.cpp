@@ -69,6 +69,39 @@ TEST(Cells, PackedFieldsDoNotDisturbTheirNeighbours) {
   EXPECT_EQ(grid.CellIconToText(1, 1), quCellIconToTextTop);
 }
 
+// Icons, image lists and alignment share their bytes with the value's storage: changing either
+// must leave the other alone, and copies of the default cell carry both.
+TEST(Cells, ValuesAndTheFieldsBesideThemStayApart) {
+  Quilta grid = Grid(2);
+  grid.SetCellIcon(1, 1, -7);
+  grid.SetCellExtraIcon(1, 1, 300);
+  grid.SetCellImageList(1, 1, 9);
+  grid.SetCellAlignH(1, 1, quAlignHCenter);
+  for (const Variant& v : {Variant("a longer text value"), Variant(2.5), Variant::Null(),
+                           Variant(int16_t{-1}), Variant()}) {
+    grid.SetCellValue(1, 1, v);
+    EXPECT_EQ(grid.CellValue(1, 1), v);
+    EXPECT_EQ(grid.CellIcon(1, 1), -7);
+    EXPECT_EQ(grid.CellExtraIcon(1, 1), 300);
+    EXPECT_EQ(grid.CellImageList(1, 1), 9);
+    EXPECT_EQ(grid.CellAlignH(1, 1), quAlignHCenter);
+  }
+  grid.SetColCellsProp(1, quPropCellValue, "all");
+  EXPECT_EQ(grid.CellIcon(1, 1), -7);
+  grid.SetCellIcon(1, 1, 0);
+  EXPECT_EQ(grid.CellValue(1, 1), Variant("all"));
+  EXPECT_EQ(grid.CellIcon(2, 1), 0);  // the neighbour row was never touched
+  EXPECT_EQ(grid.CellImageList(2, 1), 1);
+
+  std::shared_ptr<CellObject> tmpl = grid.ColDefaultCell(2);
+  tmpl->SetiIcon(12);
+  tmpl->SetvValue("x");
+  grid.AddRow({.lCount = 2});
+  EXPECT_EQ(grid.CellIcon(3, 2), 12);
+  EXPECT_EQ(grid.CellValue(4, 2), Variant("x"));
+  EXPECT_EQ(tmpl->iIcon(), 12);
+}
+
 TEST(Cells, OutOfRangeValuesAndReferencesChangeNothing) {
   Quilta grid = Grid(1);
   ExpectError(514, [&] { grid.SetCellType(1, 1, static_cast<ECellTypes>(4)); });

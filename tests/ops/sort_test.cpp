@@ -119,7 +119,7 @@ TEST(Sort, ComparisonRules) {
 TEST(Sort, FieldSortTypesCompareTheCellRecord) {
   using Set = void (*)(model::Cell&, int);
   const std::pair<ESortTypes, Set> cases[] = {
-      {quSortByIcon, [](model::Cell& c, int v) { c.icon = static_cast<int16_t>(v - 1); }},
+      {quSortByIcon, [](model::Cell& c, int v) { c.SetIcon(static_cast<int16_t>(v - 1)); }},
       {quSortByBackColor, [](model::Cell& c, int v) { c.backColor = v * 0x10000 - 1; }},
       {quSortBySelected, [](model::Cell& c, int v) { c.SetSelected(v > 1); }},
       {quSortByExtraData, [](model::Cell& c, int v) { c.extraData = v * 1000000000; }},

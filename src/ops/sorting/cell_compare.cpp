@@ -62,9 +62,9 @@ int CompareText(std::string_view a, std::string_view b, bool noCase) {
 int64_t FieldValue(int32_t sortType, const model::Cell& cell) {
   switch (sortType) {
     case quSortByIcon:
-      return cell.icon;
+      return cell.Icon();
     case quSortByExtraIcon:
-      return cell.extraIcon;
+      return cell.ExtraIcon();
     case quSortByForeColor:
       return cell.foreColor;
     case quSortByBackColor:

@@ -148,8 +148,8 @@ int16_t DirectComparer::DynamicIcon(const PlannedCriterion& k, const model::RowR
                                     int32_t pos) {
   const model::Cell& cell = c_.store.Cells().Get(k.col, r.phys);
   Variant value = cell.value;
-  int16_t icon = cell.icon;
-  int16_t extraIcon = cell.extraIcon;
+  int16_t icon = cell.Icon();
+  int16_t extraIcon = cell.ExtraIcon();
   if (c_.events) c_.events->CellDynamicIcons(pos, k.col, value, icon, extraIcon);
   CheckRowsKept();
   return k.type == quSortByIcon ? icon : extraIcon;
