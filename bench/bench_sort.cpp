@@ -10,6 +10,7 @@
 #include <string>
 
 #include "control/control.hpp"
+#include "control/internals_access.hpp"
 
 using namespace quilta;
 
@@ -35,7 +36,7 @@ struct SortGrid {
     grid.AddCol({.lCount = kCols});
     grid.AddRow({.lCount = rows});
     std::mt19937 random(42);
-    auto& store = grid.Internals().store;
+    auto& store = control::Internals(grid).store;
     std::vector<std::string> recent;
     for (int32_t r = 1; r <= rows; ++r) {
       std::string word = recent.size() > 100 && random() % 10 == 0
@@ -56,14 +57,14 @@ struct SortGrid {
   }
 
   void Scatter() {
-    grid.Internals().store.Rows().Records() = scattered;
-    grid.Internals().store.Rows().NotePositionsChanged(1);
+    control::Internals(grid).store.Rows().Records() = scattered;
+    control::Internals(grid).store.Rows().NotePositionsChanged(1);
   }
   std::vector<model::RowRecord> scattered;
 
   void Reshuffle() {
-    grid.Internals().store.Rows().Records() = shuffled;
-    grid.Internals().store.Rows().NotePositionsChanged(1);
+    control::Internals(grid).store.Rows().Records() = shuffled;
+    control::Internals(grid).store.Rows().NotePositionsChanged(1);
   }
 };
 

@@ -20,7 +20,8 @@ namespace quilta {
 
 namespace control {
 struct Control;
-}
+struct InternalsAccess;
+}  // namespace control
 
 struct AddColArgs {
   std::string sKey{};
@@ -445,10 +446,8 @@ class Quilta {
   int32_t CurRow() const;
   int32_t CurCol() const;
 
-  // For the grid's own subsystems and tests of them.
-  control::Control& Internals() { return *c_; }
-
  private:
+  friend struct control::InternalsAccess;  // the grid's own tests and benchmarks
   std::unique_ptr<control::Control> c_;
 };
 

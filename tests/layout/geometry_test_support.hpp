@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "control/internals_access.hpp"
 #include "model/test_support.hpp"
 
 namespace quilta::testing {
@@ -18,10 +19,10 @@ struct GeometryFixture {
   Quilta grid{platform};
   EditWatcher events;
   GeometryFixture() { grid.SetEventSink(&events); }
-  control::Control& Internals() { return grid.Internals(); }
-  const layout::ColumnTotals& Totals() { return grid.Internals().geometry.Columns(); }
-  int32_t LayoutMark() { return grid.Internals().geometry.LayoutMark(); }
-  void ClearLayoutMark() { grid.Internals().geometry.TakeLayoutMark(); }
+  control::Control& Internals() { return control::Internals(grid); }
+  const layout::ColumnTotals& Totals() { return control::Internals(grid).geometry.Columns(); }
+  int32_t LayoutMark() { return control::Internals(grid).geometry.LayoutMark(); }
+  void ClearLayoutMark() { control::Internals(grid).geometry.TakeLayoutMark(); }
 };
 
 // Every value geometry stores or derives for columns and rows, for "nothing changed" checks.

@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "layout/geometry_test_support.hpp"
 
 using namespace quilta;
@@ -12,9 +13,9 @@ struct RowFixture : GeometryFixture {
     grid.AddCol({.lCount = 2});
     grid.AddRow({.lCount = rows});
   }
-  int64_t Passes() { return grid.Internals().geometry.RowPasses(); }
-  int32_t ShownRows() { return grid.Internals().store.ShownRowCount(); }
-  int64_t ShownHeight() { return grid.Internals().store.ShownRowsHeight(); }
+  int64_t Passes() { return control::Internals(grid).geometry.RowPasses(); }
+  int32_t ShownRows() { return control::Internals(grid).store.ShownRowCount(); }
+  int64_t ShownHeight() { return control::Internals(grid).store.ShownRowsHeight(); }
 };
 
 TEST(RowGeometry, HeightAndVisibilityMoveTheRowsBelowAndKeepTheTotals) {

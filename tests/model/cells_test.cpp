@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "model/test_support.hpp"
 
 using namespace quilta;
@@ -132,7 +133,7 @@ TEST(Cells, EffectiveColoursFallBackThroughTheChain) {
   EXPECT_EQ(grid.CellEffectiveForeColor(1, 1), platform.SystemColor(8));
   grid.SetBackColorOddRows(0x0000AA);
   grid.SetBackColorEvenRows(0x00BB00);
-  grid.Internals().RecalcRowsFrom(1);
+  control::Internals(grid).RecalcRowsFrom(1);
   EXPECT_EQ(grid.CellEffectiveBackColor(1, 1), 0x0000AA);
   EXPECT_EQ(grid.CellEffectiveBackColor(2, 1), 0x00BB00);
   grid.SetCellBackColor(1, 1, 0xFF0000);

@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "model/test_support.hpp"
 
 using namespace quilta;
@@ -138,7 +139,7 @@ TEST(Columns, CurrentColumnFollowsInsertionAndRemoval) {
   Quilta grid;
   grid.AddCol({.lCount = 4});
   grid.AddRow({.lCount = 2});
-  grid.Internals().SetCurrentCell(1, 3);
+  control::Internals(grid).SetCurrentCell(1, 3);
   grid.AddCol({.vColBefore = 2});
   EXPECT_EQ(grid.CurCol(), 4);
   grid.RemoveCol(1);

@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "model/test_support.hpp"
 
 using namespace quilta;
@@ -66,15 +67,15 @@ TEST(Rows, RowReferencesRoundHalfToEvenAndRejectOtherTypes) {
 
 TEST(Rows, RemoveRowCurrentRowRules) {
   Quilta grid = GridWithRows(10);
-  grid.Internals().SetCurrentCell(6, 1);
+  control::Internals(grid).SetCurrentCell(6, 1);
   grid.RemoveRow(5, 3);
   EXPECT_EQ(grid.CurRow(), 3);
   Quilta other = GridWithRows(10);
-  other.Internals().SetCurrentCell(5, 2);
+  control::Internals(other).SetCurrentCell(5, 2);
   other.RemoveRow(5, 3);
   EXPECT_EQ(other.CurRow(), 0);
   EXPECT_EQ(other.CurCol(), 2);
-  other.Internals().SetCurrentCell(7, 1);
+  control::Internals(other).SetCurrentCell(7, 1);
   other.RemoveRow(2);
   EXPECT_EQ(other.CurRow(), 6);
   other.AddRow({.vRowBefore = 1});
@@ -160,7 +161,7 @@ TEST(Rows, RowCountShrinksAndGrows) {
   grid.AddRow({.sKey = "a"});
   grid.AddRow({.sKey = "b"});
   grid.AddRow({.sKey = "c"});
-  grid.Internals().SetCurrentCell(3, 1);
+  control::Internals(grid).SetCurrentCell(3, 1);
   grid.SetRowCount(2);
   EXPECT_EQ(grid.RowIndex("c"), 0);
   EXPECT_EQ(grid.CurRow(), 0);
@@ -223,7 +224,7 @@ TEST(Rows, VirtualModeAsksTheHostForRowsUntilItHasNoMore) {
   VirtualHost host;
   grid.SetEventSink(&host);
   grid.SetVirtual(true);
-  auto& store = grid.Internals().store;
+  auto& store = control::Internals(grid).store;
   EXPECT_TRUE(store.EnsureVirtualRows(2));
   EXPECT_EQ(grid.RowCount(), 2);
   EXPECT_FALSE(store.EnsureVirtualRows(5));

@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "model/test_support.hpp"
 
 using namespace quilta;
@@ -11,8 +12,8 @@ struct Fixture {
     grid.AddCol();
     grid.AddRow({.lCount = 100});
   }
-  int64_t Passes() { return grid.Internals().geometry.RowPasses(); }
-  int32_t StartY(int32_t row) { return grid.Internals().store.Rows().At(row).startY; }
+  int64_t Passes() { return control::Internals(grid).geometry.RowPasses(); }
+  int32_t StartY(int32_t row) { return control::Internals(grid).store.Rows().At(row).startY; }
 };
 
 TEST(UpdateSuspension, NestedCallsRecalculateOnceFromTheLowestRow) {
@@ -25,12 +26,12 @@ TEST(UpdateSuspension, NestedCallsRecalculateOnceFromTheLowestRow) {
   f.grid.EndUpdate();
   EXPECT_EQ(f.grid.BeginUpdateCount(), 1);
   EXPECT_EQ(f.Passes(), passes);
-  EXPECT_EQ(f.grid.Internals().updates.pendingRow, 10);
+  EXPECT_EQ(control::Internals(f.grid).updates.pendingRow, 10);
   f.grid.EndUpdate();
   EXPECT_EQ(f.Passes(), passes + 1);
   EXPECT_EQ(f.grid.BeginUpdateCount(), 0);
   EXPECT_EQ(f.StartY(102), 101 * 18);
-  EXPECT_EQ(f.grid.Internals().updates.pendingRow, 0);
+  EXPECT_EQ(control::Internals(f.grid).updates.pendingRow, 0);
 }
 
 TEST(UpdateSuspension, SurplusEndUpdateDoesNothing) {

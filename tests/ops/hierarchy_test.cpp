@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "ops/ops_support.hpp"
 
 using namespace quilta;
@@ -13,8 +14,8 @@ Flags VisibleAsChild(const Quilta& g) {
   return v;
 }
 
-int32_t Shown(Quilta& g) { return g.Internals().store.ShownRowCount(); }
-int32_t StartY(Quilta& g, int32_t row) { return g.Internals().store.Rows().At(row).startY; }
+int32_t Shown(Quilta& g) { return control::Internals(g).store.ShownRowCount(); }
+int32_t StartY(Quilta& g, int32_t row) { return control::Internals(g).store.Rows().At(row).startY; }
 
 TEST(Hierarchy, QueriesFollowTheLevels) {
   Quilta g = Tree();
@@ -37,7 +38,7 @@ TEST(Hierarchy, QueriesFollowTheLevels) {
 
 TEST(Hierarchy, CollapseHidesTheSubtreeAndExpandRestoresItsShape) {
   Quilta g = Tree();
-  auto& own = g.Internals().store;  // the host's RowVisible survives collapsing
+  auto& own = control::Internals(g).store;  // the host's RowVisible survives collapsing
   own.BeforeRowShapeChange(4);
   own.Rows().At(4).flags &= ~model::RowRecord::kVisible;
   own.AfterRowShapeChange(4);
@@ -65,11 +66,11 @@ TEST(Hierarchy, SettingTheCurrentStateDoesNothing) {
   Quilta g = Tree();
   EventLog events;
   g.SetEventSink(&events);
-  int64_t passes = g.Internals().geometry.RowPasses();
+  int64_t passes = control::Internals(g).geometry.RowPasses();
   g.SetRowExpanded("A", true);
   g.SetRowVisibleAsChild("B", true);
   g.SetRowExpanded("A1a", false);  // a leaf: only its own bit changes
-  EXPECT_EQ(g.Internals().geometry.RowPasses(), passes);
+  EXPECT_EQ(control::Internals(g).geometry.RowPasses(), passes);
   EXPECT_FALSE(g.RowExpanded("A1a"));
   EXPECT_EQ(events.log, (std::vector<std::string>{"QuitCustomEdit"}));
 }
@@ -94,11 +95,11 @@ TEST(Hierarchy, BulkCollapseAndExpand) {
   EXPECT_TRUE(g.RowExpanded("B"));  // outside the subtree
   EXPECT_EQ(Shown(g), 3);
   events.doDefault = false;  // declined by the host: nothing changes
-  int64_t passes = g.Internals().geometry.RowPasses();
+  int64_t passes = control::Internals(g).geometry.RowPasses();
   g.ExpandAllRows();
   EXPECT_EQ(events.log.back(), "Before 0 expand");
   EXPECT_EQ(VisibleAsChild(g), (Flags{1, 0, 0, 0, 0, 1, 1}));
-  EXPECT_EQ(g.Internals().geometry.RowPasses(), passes);
+  EXPECT_EQ(control::Internals(g).geometry.RowPasses(), passes);
 }
 
 TEST(Hierarchy, TreeButtonsLevelsAndTreeColumn) {
@@ -113,7 +114,7 @@ TEST(Hierarchy, TreeButtonsLevelsAndTreeColumn) {
   EXPECT_EQ(g.RowTreeButton("B1"), quRowTreeButtonVisible);
   EXPECT_EQ(g.RowTreeButton(child), quRowTreeButtonHidden);
 
-  auto& geometry = g.Internals().geometry;
+  auto& geometry = control::Internals(g).geometry;
   geometry.TakeLayoutMark();
   int64_t passes = geometry.RowPasses();
   g.SetRowLevel("B1", 0);  // a full re-layout

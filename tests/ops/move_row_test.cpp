@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "ops/ops_support.hpp"
 
 using namespace quilta;
@@ -20,7 +21,7 @@ Keys Order(Quilta& g) {
   for (int32_t r = 1; r <= g.RowCount(); ++r) {
     keys.push_back(g.RowKey(r));
     EXPECT_EQ(g.RowIndex(keys.back()), r);
-    EXPECT_EQ(g.Internals().store.CellAt(r, 1).value, Variant(keys.back()));
+    EXPECT_EQ(control::Internals(g).store.CellAt(r, 1).value, Variant(keys.back()));
   }
   return keys;
 }
@@ -33,7 +34,7 @@ TEST(MoveRow, BeforeAndAfterMakeTheBlockTheTargetsSiblings) {
   g.MoveRow("B", "A2");
   EXPECT_EQ(Order(g), (Keys{"A", "B", "B1", "A2", "A1", "A1a", "A1b"}));
   EXPECT_EQ(Levels(g), (std::vector<int>{0, 1, 2, 1, 0, 1, 1}));
-  g.Internals().SetCurrentCell(g.RowIndex("B1"), 1);
+  control::Internals(g).SetCurrentCell(g.RowIndex("B1"), 1);
   g.MoveRow("A2", "B1", 1, quMoveRowAfter);  // already there: only the level changes
   EXPECT_EQ(Order(g), (Keys{"A", "B", "B1", "A2", "A1", "A1a", "A1b"}));
   EXPECT_EQ(g.RowLevel("A2"), 2);
@@ -42,7 +43,8 @@ TEST(MoveRow, BeforeAndAfterMakeTheBlockTheTargetsSiblings) {
   EXPECT_EQ(Order(g), (Keys{"A1a", "A", "B", "B1", "A2", "A1", "A1b"}));
   EXPECT_EQ(g.CurRow(), 4);
   EXPECT_EQ(g.RowLevel("A1a"), 0);
-  for (int32_t r = 1; r <= 7; ++r) EXPECT_EQ(g.Internals().store.Rows().At(r).startY, (r - 1) * 18);
+  for (int32_t r = 1; r <= 7; ++r)
+    EXPECT_EQ(control::Internals(g).store.Rows().At(r).startY, (r - 1) * 18);
 }
 
 TEST(MoveRow, AsChildAppendsToTheTargetsChildren) {
@@ -74,10 +76,10 @@ TEST(MoveRow, MovedRowsFollowTheNewParentsExpansionAndButtons) {
 
 TEST(MoveRow, CurrentCellStaysOnItsDataRow) {
   Quilta g = KeyedTree();
-  g.Internals().SetCurrentCell(g.RowIndex("A2"), 1);
+  control::Internals(g).SetCurrentCell(g.RowIndex("A2"), 1);
   g.MoveRow("B", "A");
   EXPECT_EQ(g.CurRow(), g.RowIndex("A2"));
-  g.Internals().SetCurrentCell(g.RowIndex("B1"), 1);
+  control::Internals(g).SetCurrentCell(g.RowIndex("B1"), 1);
   g.MoveRow("B", "A2", 1, quMoveRowAfter);
   EXPECT_EQ(g.CurRow(), g.RowIndex("B1"));
 }

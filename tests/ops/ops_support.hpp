@@ -4,17 +4,18 @@
 #include <string>
 #include <vector>
 
+#include "control/internals_access.hpp"
 #include "model/test_support.hpp"
 
 namespace quilta::testing {
 
 // Cells are written through the store until the cell properties are public.
 inline model::Cell& CellOf(Quilta& g, int32_t row, int32_t col) {
-  return g.Internals().store.MutableCell(row, col);
+  return control::Internals(g).store.MutableCell(row, col);
 }
 inline void SetValue(Quilta& g, int32_t row, int32_t col, const Variant& v) {
   CellOf(g, row, col).value = v;
-  g.Internals().store.Cells().Column(col).NoteRefs(CellOf(g, row, col));
+  control::Internals(g).store.Cells().Column(col).NoteRefs(CellOf(g, row, col));
 }
 
 // Rows are told apart by their tags: row r starts with tag r.

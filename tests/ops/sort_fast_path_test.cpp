@@ -6,6 +6,7 @@
 #include <functional>
 #include <random>
 
+#include "control/internals_access.hpp"
 #include "ops/ops_support.hpp"
 #include "ops/sorting/sort_keys.hpp"
 
@@ -79,7 +80,7 @@ Quilta Sorted(const std::vector<Row>& rows, ESortTypes type, const Sorting& s, b
     g.SortObject().AddItem(static_cast<int32_t>(k + 1), s.desc[k] ? quSortDesc : quSortAsc,
                            handler ? quSortCustom : type);
   if (byKeys) {
-    auto& c = g.Internals();
+    auto& c = control::Internals(g);
     ops::RowKeys keys;
     *byKeys = ops::BuildRowKeys(
         c, ops::MakePlan(c, ops::SortGroupAccess::Items(c.sortObject), 1, g.RowCount()), keys);

@@ -1,3 +1,4 @@
+#include "control/internals_access.hpp"
 #include "ops/ops_support.hpp"
 
 using namespace quilta;
@@ -154,7 +155,7 @@ TEST(Sort, HeaderClicksAlternateAndShiftExtendsTheSort) {
 
 TEST(Sort, CurrentCellBoundsAndColumnLists) {
   Quilta g = Grid({5, 4, 3, 2, 1});
-  g.Internals().SetCurrentCell(2, 2);
+  control::Internals(g).SetCurrentCell(2, 2);
   EventLog events;
   g.SetEventSink(&events);
   g.SetRowKey(4, "four");
@@ -242,8 +243,9 @@ TEST(Sort, SortRowChildNodesSortsOneLevelWithoutEvents) {
 // Grouping is not built yet; these set the grouped state directly, as grouping will.
 TEST(SortGrouped, GroupRowsFenceOffTheRunsBetweenThem) {
   Quilta g = Grid({"group", "c", "a", "b", "group", "z", "y"});
-  for (int32_t r : {1, 5}) g.Internals().store.Rows().At(r).flags |= model::RowRecord::kGroupRow;
-  g.Internals().groupedBy = {{2, quSortAsc, quSortByValueGeneral}};
+  for (int32_t r : {1, 5})
+    control::Internals(g).store.Rows().At(r).flags |= model::RowRecord::kGroupRow;
+  control::Internals(g).groupedBy = {{2, quSortAsc, quSortByValueGeneral}};
   g.Sort(1);
   EXPECT_EQ(TagOrder(g), (Tags{1, 3, 4, 2, 5, 7, 6}));
   g.SortObject().AddItem(2);
