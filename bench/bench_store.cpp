@@ -38,6 +38,27 @@ void BM_AddRowBulk(benchmark::State& state) {
 }
 BENCHMARK(BM_AddRowBulk)->Arg(1'000'000)->Unit(benchmark::kMillisecond)->Iterations(3);
 
+// A 1M-row grid in which only the first 1,000 rows of each column get values, as when a host
+// fills a page of rows first: the rest of each column stays its template and costs no resident
+// memory.
+void BM_WriteFirstRowsOnly(benchmark::State& state) {
+  constexpr int32_t kRows = 1'000'000;
+  double bytesPerCell = 0;
+  for (auto _ : state) {
+    auto grid = GridWithColumns(10);
+    long before = quilta::bench::ResidentBytes();
+    grid->AddRow({.lCount = kRows});
+    for (int32_t r = 1; r <= 1000; ++r)
+      for (int c = 1; c <= 10; ++c) grid->SetCellValue(r, c, r * 0.5);
+    bytesPerCell = double(quilta::bench::ResidentBytes() - before) / (double(kRows) * 10);
+    state.PauseTiming();
+    grid.reset();
+    state.ResumeTiming();
+  }
+  state.counters["bytes_per_cell"] = bytesPerCell;
+}
+BENCHMARK(BM_WriteFirstRowsOnly)->Unit(benchmark::kMillisecond)->Iterations(3);
+
 // AddRow one row at a time: the time of one call at 10k, 100k and 1M existing rows.
 void AddRowsOneByOne(benchmark::State& state, bool keys) {
   const int32_t existing = static_cast<int32_t>(state.range(0));

@@ -8,7 +8,7 @@ void RemeasureMarks::MarkRow(model::GridStore& store, int32_t row) {
   int32_t phys = store.Rows().At(row).phys;
   bool anyUniform = false;
   for (int32_t index = 1; index <= store.Cols().RowTextCol(); ++index) {
-    if (store.Cells().Column(index).IsUniform()) {
+    if (store.Cells().Column(index).IsTemplate(phys)) {
       anyUniform = true;
       continue;
     }
@@ -29,7 +29,7 @@ void RemeasureMarks::RowMeasured(model::GridStore& store, int32_t row) {
   int32_t phys = store.Rows().At(row).phys;
   if (PhysMarked(phys)) rows_[phys - 1] = false;
   for (int32_t index = 1; index <= store.Cols().RowTextCol(); ++index) {
-    if (store.Cells().Column(index).IsUniform()) {
+    if (store.Cells().Column(index).IsTemplate(phys)) {
       if (!(store.CellAt(row, index).state & model::Cell::kRemeasure)) continue;
     }
     store.MutableCell(row, index).state &= static_cast<uint8_t>(~model::Cell::kRemeasure);

@@ -1,6 +1,6 @@
 // Which cells must have their text measured again. A cell carries the re-measure bit in its
-// state byte; but a column that is still uniform keeps no per-row cells, and materialising a
-// whole column (48 bytes per allocated row) only to flag one row would be absurd. So a row whose
+// state byte; but a cell still equal to its column's template has no record of its own, and
+// constructing records (48 bytes a row) only to flag one row would be absurd. So a row whose
 // cells all need measuring is also flagged here, by physical row, and the question "does this
 // cell need measuring" is answered from both places.
 #pragma once

@@ -45,10 +45,14 @@ void CellColumn::ReleaseBuffer() {
   constructed_ = 0;
 }
 
-void CellColumn::Materialize(int32_t liveRows, int32_t capacity) {
-  data_ = Reallocate(nullptr, std::max(capacity, 1));
-  for (int32_t i = 0; i < liveRows; ++i) new (&data_[i]) Cell(uniform_);
-  constructed_ = liveRows;
+void CellColumn::ConstructThrough(int32_t phys, int32_t liveRows, int32_t capacity) {
+  if (!data_) data_ = Reallocate(nullptr, std::max(capacity, 1));
+  ConstructUniformUpTo(std::min(liveRows, std::max(phys, constructed_ + kConstructAhead)));
+}
+
+void CellColumn::ConstructUniformUpTo(int32_t count) {
+  for (int32_t i = constructed_; i < count; ++i) new (&data_[i]) Cell(uniform_);
+  constructed_ = std::max(constructed_, count);
 }
 
 void CellColumn::Grow(int32_t newCapacity) {
@@ -57,24 +61,24 @@ void CellColumn::Grow(int32_t newCapacity) {
 
 void CellColumn::ConstructRows(int32_t first, int32_t count, const Cell& tmpl, int32_t liveRows,
                                int32_t capacity) {
-  if (!data_) {
-    if (liveRows == 0) uniform_ = tmpl;  // nothing constructed yet: adopt the template
-    if (tmpl == uniform_) return;
-    Materialize(liveRows, capacity);
-  }
+  if (liveRows == 0 && !data_) uniform_ = tmpl;  // nothing constructed yet: adopt the template
+  // Rows equal to the template at the end of the column need no record of their own.
+  if (tmpl == uniform_ && constructed_ < first) return;
+  if (!data_) data_ = Reallocate(nullptr, std::max(capacity, 1));
+  ConstructUniformUpTo(first - 1);
   NoteRefs(tmpl);
   for (int32_t i = first - 1; i < first - 1 + count; ++i) new (&data_[i]) Cell(tmpl);
   constructed_ = first - 1 + count;
 }
 
 void CellColumn::ResetRow(int32_t phys, const Cell& tmpl, int32_t liveRows, int32_t capacity) {
-  if (!data_ && tmpl == uniform_) return;
+  if (IsTemplate(phys) && tmpl == uniform_) return;
   NoteRefs(tmpl);
   Mutable(phys, liveRows, capacity) = tmpl;
 }
 
 void CellColumn::ReleaseRow(int32_t phys) {
-  if (data_ && mayHoldRefs_) data_[phys - 1].value = Variant();
+  if (mayHoldRefs_ && !IsTemplate(phys)) data_[phys - 1].value = Variant();
 }
 
 void CellColumn::Reset(const Cell& uniform) {

@@ -10,8 +10,11 @@
 namespace quilta::model {
 
 // One column of cells. A column stays "uniform" (every constructed cell equal to one template,
-// no memory per row) until a cell of it differs; then it is materialised into a buffer. This is
-// what keeps the rarely used row-text column free.
+// no memory per row) until a cell of it differs; then it gets a buffer. Even then only a prefix
+// of its rows is constructed: rows past it are still equal to the template, and the prefix grows
+// a block at a time as cells are written. This keeps the rarely used row-text column free, and a
+// column written only in its first rows costs no resident memory for the rest: the pages of its
+// buffer past the prefix are never touched.
 class CellColumn {
  public:
   explicit CellColumn(const Cell& uniform) : uniform_(uniform) { NoteRefs(uniform); }
@@ -22,14 +25,15 @@ class CellColumn {
   ~CellColumn() { ReleaseBuffer(); }
 
   bool IsUniform() const { return data_ == nullptr; }
-  const Cell& Get(int32_t phys) const { return data_ ? data_[phys - 1] : uniform_; }
+  // Whether the cell of this physical row is still the template, with no record of its own.
+  bool IsTemplate(int32_t phys) const { return phys > constructed_; }
+  const Cell& Get(int32_t phys) const { return phys <= constructed_ ? data_[phys - 1] : uniform_; }
   Cell& Mutable(int32_t phys, int32_t liveRows, int32_t capacity) {
-    if (!data_) Materialize(liveRows, capacity);
+    if (phys > constructed_) ConstructThrough(phys, liveRows, capacity);
     return data_[phys - 1];
   }
   // Notes that a value with shared storage may have been written, so release passes are needed.
   void NoteRefs(const Cell& cell) { mayHoldRefs_ |= cell.value.Type() >= vbString; }
-  void Materialize(int32_t liveRows, int32_t capacity);
   void Grow(int32_t newCapacity);
   // Constructs the cells of physical rows first..first+count-1 (not yet constructed) as copies.
   void ConstructRows(int32_t first, int32_t count, const Cell& tmpl, int32_t liveRows,
@@ -45,10 +49,18 @@ class CellColumn {
   }
 
  private:
+  // Rows constructed ahead of the one being written, so that filling a column row by row does
+  // not stop to construct at every row.
+  static constexpr int32_t kConstructAhead = 256;
+
+  // Constructs the template's copies up to physical row phys, and a block beyond within the live
+  // rows; allocates the buffer first if there is none.
+  void ConstructThrough(int32_t phys, int32_t liveRows, int32_t capacity);
+  void ConstructUniformUpTo(int32_t count);
   void ReleaseBuffer();
 
   Cell* data_ = nullptr;
-  int32_t constructed_ = 0;  // cells of data_ that are constructed (= live rows when materialised)
+  int32_t constructed_ = 0;  // cells data_[0..constructed_) are constructed; the rest are uniform_
   Cell uniform_;
   bool mayHoldRefs_ = false;
 };

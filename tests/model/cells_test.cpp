@@ -103,6 +103,36 @@ TEST(Cells, ValuesAndTheFieldsBesideThemStayApart) {
   EXPECT_EQ(tmpl->iIcon(), 12);
 }
 
+// A column gets records only for the rows up to the ones written (and a block beyond); the rows
+// past them are its template until touched, also when the default cell changes in between.
+TEST(Cells, RowsPastTheWrittenOnesStayTheTemplateUntilTouched) {
+  Quilta grid = Grid(10000);
+  grid.SetCellValue(1, 1, 1);
+  grid.RemoveRow(8000);  // never written; the new last row takes its physical row
+  grid.AddRow();
+  EXPECT_TRUE(grid.CellValue(10000, 1).IsEmpty());
+  EXPECT_EQ(grid.CellBackColor(10000, 1), -1);
+
+  grid.ColDefaultCell(1)->SetoBackColor(0x00FF00);
+  grid.RemoveRow(9000);  // the same with another default cell
+  grid.AddRow();
+  EXPECT_EQ(grid.CellBackColor(10000, 1), 0x00FF00);
+  EXPECT_EQ(grid.CellBackColor(9500, 1), -1);
+  EXPECT_EQ(grid.CellBackColor(2, 1), -1);
+  grid.AddRow();
+  EXPECT_EQ(grid.CellBackColor(10001, 1), 0x00FF00);
+  EXPECT_EQ(grid.CellBackColor(9999, 1), -1);
+
+  grid.SetCellValue(9999, 1, "x");
+  EXPECT_EQ(grid.CellValue(9999, 1), Variant("x"));
+  EXPECT_TRUE(grid.CellValue(9998, 1).IsEmpty());
+  grid.RemoveRow(9999);  // written: its text goes, the new row starts from the default
+  grid.AddRow();
+  EXPECT_EQ(grid.CellBackColor(10001, 1), 0x00FF00);
+  EXPECT_TRUE(grid.CellValue(10001, 1).IsEmpty());
+  EXPECT_EQ(grid.CellValue(1, 1), Variant(1));
+}
+
 TEST(Cells, OutOfRangeValuesAndReferencesChangeNothing) {
   Quilta grid = Grid(1);
   ExpectError(514, [&] { grid.SetCellType(1, 1, static_cast<ECellTypes>(4)); });
