@@ -12,11 +12,6 @@ namespace {
 
 constexpr uint64_t kBytes(uint8_t b) { return 0x0101010101010101ull * b; }
 
-unsigned char Fold(char ch, bool fold) {
-  auto byte = static_cast<unsigned char>(ch);
-  return fold && byte >= 'A' && byte <= 'Z' ? static_cast<unsigned char>(byte + 32) : byte;
-}
-
 // Up to eight bytes from `at`, zero-padded, first byte most significant.
 uint64_t Chunk(std::string_view s, size_t at) {
   unsigned char buf[8] = {};
@@ -75,17 +70,6 @@ std::string_view TextRanking::Raw(const Entry& e) const {
   return it->second;
 }
 
-// Compares what follows the first eight bytes, then the lengths.
-int TextRanking::Tail(const Entry& a, const Entry& b) const {
-  std::string_view x = Key(a), y = Key(b);
-  size_t n = std::min(x.size(), y.size());
-  for (size_t i = 8; i < n; ++i) {
-    unsigned char p = Fold(x[i], noCase_), q = Fold(y[i], noCase_);
-    if (p != q) return p < q ? -1 : 1;
-  }
-  return (x.size() > y.size()) - (x.size() < y.size());
-}
-
 // Bytes (folded to lower case for ASCII letters when ignoring case) order ASCII texts as the text
 // comparisons do, so the sort already knows how neighbours compare; texts beyond ASCII go through
 // the comparison itself.
@@ -96,25 +80,37 @@ int TextRanking::Neighbours(size_t i) const {
   return greater_[i] ? -1 : 0;
 }
 
-// Sorts entries [begin, end) directly and notes which differ from the entry before.
-void TextRanking::SortDirectly(size_t begin, size_t end) {
-  auto less = [this](const Entry& a, const Entry& b) { return Tail(a, b) < 0; };
-  std::sort(entries_.begin() + begin, entries_.begin() + end, less);
-  for (size_t i = begin + 1; i < end; ++i) greater_[i] = Tail(entries_[i - 1], entries_[i]) < 0;
+// Texts that share all their bytes up to the zero padding, at entries [begin, end): the shorter
+// comes first, and texts of equal length are equal.
+void TextRanking::OrderByLength(size_t begin, size_t end) {
+  auto shorter = [this](const Entry& a, const Entry& b) { return Key(a).size() < Key(b).size(); };
+  std::sort(entries_.begin() + begin, entries_.begin() + end, shorter);
+  for (size_t i = begin + 1; i < end; ++i)
+    greater_[i] = Key(entries_[i - 1]).size() < Key(entries_[i]).size();
+}
+
+// Orders entries [begin, end) by their keys: a radix sort, or for a few entries an insertion sort.
+void TextRanking::SortByKey(size_t begin, size_t end) {
+  if (end - begin > kFewEntries) {
+    RadixSort(&entries_[begin], end - begin, buffer_);
+    return;
+  }
+  for (size_t i = begin + 1; i < end; ++i) {
+    Entry taken = entries_[i];
+    size_t j = i;
+    for (; j > begin && entries_[j - 1].key > taken.key; --j) entries_[j] = entries_[j - 1];
+    entries_[j] = taken;
+  }
 }
 
 // Texts sharing their first 8 * depth bytes, at entries [begin, end): ordered by the next eight
 // bytes, then each run sharing those as well by the bytes after, and so on; texts equal up to the
-// zero padding differ in length only. Small runs are compared directly. Afterwards every entry
-// holds its first eight bytes again, as Neighbours expects.
+// zero padding differ in length only. Each text is read once per level it takes part in.
+// Afterwards every entry holds its first eight bytes again, as Neighbours expects.
 void TextRanking::SortRun(size_t begin, size_t end, size_t depth) {
-  if (depth > 0 && end - begin <= 32) {
-    SortDirectly(begin, end);
-    return;
-  }
   uint64_t shared = entries_[begin].key;
   for (size_t i = begin; depth > 0 && i < end; ++i) entries_[i].key = ChunkAt(entries_[i], depth);
-  RadixSort(&entries_[begin], end - begin, buffer_);
+  SortByKey(begin, end);
   for (size_t i = begin; i < end;) {
     size_t j = i + 1;
     while (j < end && entries_[j].key == entries_[i].key) ++j;
@@ -125,7 +121,7 @@ void TextRanking::SortRun(size_t begin, size_t end, size_t depth) {
     if (longer) {
       SortRun(i, j, depth + 1);
     } else if (j - i > 1) {
-      SortDirectly(i, j);
+      OrderByLength(i, j);
     }
     i = j;
   }

@@ -51,9 +51,10 @@ class TextRanking {
   // row's offset.
   using Entry = KeyedEntry;
   static constexpr uint32_t kBeyondAscii = 0x80000000u;
-  int Tail(const Entry& a, const Entry& b) const;
   int Neighbours(size_t i) const;
-  void SortDirectly(size_t begin, size_t end);
+  static constexpr size_t kFewEntries = 32;
+  void OrderByLength(size_t begin, size_t end);
+  void SortByKey(size_t begin, size_t end);
   std::string_view Raw(const Entry& e) const;
   void SortRun(size_t begin, size_t end, size_t depth);
   uint64_t ChunkAt(const Entry& e, size_t depth) const;
