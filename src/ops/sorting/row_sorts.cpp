@@ -33,26 +33,6 @@ void ShellSortRows(model::RowStore& rows, int32_t first, int32_t last, DirectCom
   }
 }
 
-void ShellSortPacked(uint64_t* a, size_t n, unsigned shift) {
-  if (n < 2) return;
-  const uint64_t low = (uint64_t{1} << shift) - 1;
-  for (size_t h = FirstGap(n); h > 0; h = (h - 1) / 3) {
-    for (size_t i = h; i < n; ++i) {
-      uint64_t taken = a[i];
-      // With the offset bits all set, taken stays below another entry exactly when its key is
-      // below that entry's key: equal keys never pass each other.
-      uint64_t probe = taken | low;
-      if (!(probe < a[i - h])) continue;
-      size_t j = i;
-      do {
-        a[j] = a[j - h];
-        j -= h;
-      } while (j >= h && probe < a[j - h]);
-      a[j] = taken;
-    }
-  }
-}
-
 namespace {
 
 struct Entry {

@@ -21,10 +21,6 @@ size_t FirstGap(size_t n);
 // the position it held when its placement began.
 void ShellSortRows(model::RowStore& rows, int32_t first, int32_t last, DirectComparer& compare);
 
-// The same sort on packed entries (key << shift | offset), comparing keys only: it makes exactly
-// the moves that ShellSortRows makes on rows with those keys.
-void ShellSortPacked(uint64_t* entries, size_t n, unsigned shift);
-
 // Compares the rows at two offsets of the range being arranged: below 0, 0 or above 0.
 using OffsetCompare = std::function<int(uint32_t, uint32_t)>;
 

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "control/control.hpp"
+#include "ops/sorting/packed_shell_sort.hpp"
 #include "ops/sorting/radix_sort.hpp"
 #include "ops/sorting/row_sorts.hpp"
 #include "ops/sorting/sort_keys.hpp"
