@@ -8,6 +8,7 @@
 
 #include "control/internals_access.hpp"
 #include "ops/ops_support.hpp"
+#include "ops/sorting/packed_shell_sort.hpp"
 #include "ops/sorting/sort_keys.hpp"
 
 using namespace quilta;
@@ -191,5 +192,25 @@ TEST(SortKeys, DistinctValuesTakeTheDirectRouteToTheSameOrder) {
   std::shuffle(rows.begin(), rows.end(), random);
   ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{false}, kGeneral});
   ExpectExactOrder(rows, quSortByValueGeneral, Sorting{{true}, kGeneral});
+}
+}  // namespace
+
+namespace {
+// The passes that step eight entries at a time make the moves of the one-at-a-time passes: the
+// same arrangement, ties included, for sizes around the lane width and the gaps, and for keys
+// from all distinct to all equal.
+TEST(SortKeys, EightLanePassesMoveAsOneAtATime) {
+  std::mt19937_64 random(5);
+  for (size_t n : {2, 7, 8, 9, 15, 16, 17, 40, 41, 121, 1000, 5000, 100000}) {
+    for (uint64_t distinct : {uint64_t{1}, uint64_t{3}, n / 3 + 1, n}) {
+      std::vector<uint64_t> entries(n);
+      const unsigned shift = 20;
+      for (size_t k = 0; k < n; ++k) entries[k] = (random() % distinct) << shift | k;
+      std::vector<uint64_t> oneAtATime = entries;
+      ops::ShellSortPacked(entries.data(), n, shift);
+      ops::ShellSortPacked(oneAtATime.data(), n, shift, false);
+      ASSERT_EQ(entries, oneAtATime) << n << " entries, " << distinct << " keys";
+    }
+  }
 }
 }  // namespace

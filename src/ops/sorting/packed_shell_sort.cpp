@@ -122,12 +122,17 @@ bool HasAvx2() {
 
 }  // namespace
 
-void ShellSortPacked(uint64_t* a, size_t n, unsigned shift) {
+void ShellSortPacked(uint64_t* a, size_t n, unsigned shift, bool eightLanes) {
   if (n < 2) return;
   const uint64_t low = (uint64_t{1} << shift) - 1;
+#ifdef QUILTA_SHELL_AVX2
+  eightLanes = eightLanes && HasAvx2();
+#else
+  eightLanes = false;
+#endif
   for (size_t gap = FirstGap(n); gap > 0; gap = (gap - 1) / 3) {
 #ifdef QUILTA_SHELL_AVX2
-    if (gap >= 8 && HasAvx2()) {
+    if (eightLanes && gap >= 8) {
       EightLanePass(a, n, gap, low);
       continue;
     }

@@ -7,6 +7,8 @@
 
 namespace quilta::ops {
 
-void ShellSortPacked(uint64_t* entries, size_t n, unsigned shift);
+// Passes with larger gaps step eight entries at a time where the processor allows; with
+// `eightLanes` false every pass goes one entry at a time (the same moves, for comparison).
+void ShellSortPacked(uint64_t* entries, size_t n, unsigned shift, bool eightLanes = true);
 
 }  // namespace quilta::ops
