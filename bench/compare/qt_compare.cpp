@@ -128,44 +128,43 @@ struct Figures {
 
 // ---- Plain C++ floor ---------------------------------------------------------------------------
 
+// Sorts a fresh copy of the keys kSortRepeats times with std::sort and returns the median time;
+// the keys are left sorted.
+template <class Key, class Less>
+double MedianSortTime(std::vector<Key>& keys, Less less) {
+  const std::vector<Key> unsorted = keys;
+  std::vector<double> times;
+  for (int k = 0; k < kSortRepeats; ++k) {
+    keys = unsorted;
+    auto t0 = std::chrono::steady_clock::now();
+    std::sort(keys.begin(), keys.end(), less);
+    times.push_back(Seconds(t0));
+  }
+  return Median(times);
+}
+
 Figures RunFloor(const Table& t) {
   Figures f;
   struct TextKey {
     std::string folded;
     int32_t row;
   };
-  std::vector<TextKey> unsortedText;
-  unsortedText.reserve(t.rows);
-  for (int32_t r = 0; r < t.rows; ++r) unsortedText.push_back({Fold(t.text[r]), r});
-  std::vector<double> times;
   std::vector<TextKey> text;
-  for (int k = 0; k < kSortRepeats; ++k) {
-    text = unsortedText;
-    auto t0 = std::chrono::steady_clock::now();
-    std::sort(text.begin(), text.end(),
-              [](const TextKey& a, const TextKey& b) { return a.folded < b.folded; });
-    times.push_back(Seconds(t0));
-  }
-  f.sortText = Median(times);
+  text.reserve(t.rows);
+  for (int32_t r = 0; r < t.rows; ++r) text.push_back({Fold(t.text[r]), r});
+  f.sortText =
+      MedianSortTime(text, [](const TextKey& a, const TextKey& b) { return a.folded < b.folded; });
   f.firstText = text.front().folded;
 
   struct IntKey {
     int32_t value;
     int32_t row;
   };
-  std::vector<IntKey> unsortedInts;
-  unsortedInts.reserve(t.rows);
-  for (int32_t r = 0; r < t.rows; ++r) unsortedInts.push_back({t.integer[r], r});
-  times.clear();
   std::vector<IntKey> ints;
-  for (int k = 0; k < kSortRepeats; ++k) {
-    ints = unsortedInts;
-    auto t0 = std::chrono::steady_clock::now();
-    std::sort(ints.begin(), ints.end(),
-              [](const IntKey& a, const IntKey& b) { return a.value < b.value; });
-    times.push_back(Seconds(t0));
-  }
-  f.sortInt = Median(times);
+  ints.reserve(t.rows);
+  for (int32_t r = 0; r < t.rows; ++r) ints.push_back({t.integer[r], r});
+  f.sortInt =
+      MedianSortTime(ints, [](const IntKey& a, const IntKey& b) { return a.value < b.value; });
   f.firstInt = ints.front().value;
   return f;
 }
