@@ -126,6 +126,18 @@ struct Figures {
   int32_t firstInt = 0;   // the first integer after the integer sort
 };
 
+// The first load into a fresh process: its time, and the resident memory read around it.
+template <class Load>
+auto FirstLoad(const Table& t, Figures& f, Load load) {
+  f.residentBefore = SettledResidentBytes();
+  auto t0 = std::chrono::steady_clock::now();
+  auto model = load(t);
+  f.load = Seconds(t0);
+  f.residentAfter = quilta::bench::ResidentBytes();
+  f.bytesPerCell = double(f.residentAfter - f.residentBefore) / (double(t.rows) * kCols);
+  return model;
+}
+
 // ---- Plain C++ floor ---------------------------------------------------------------------------
 
 // Sorts a fresh copy of the keys kSortRepeats times with std::sort and returns the median time;
@@ -212,13 +224,7 @@ std::unique_ptr<quilta::Quilta> LoadQuilta(const Table& t) {
 Figures RunQuilta(const Table& t) {
   using namespace quilta;
   Figures f;
-  const long before = SettledResidentBytes();
-  auto t0 = std::chrono::steady_clock::now();
-  auto grid = LoadQuilta(t);
-  f.load = Seconds(t0);
-  f.residentBefore = before;
-  f.residentAfter = quilta::bench::ResidentBytes();
-  f.bytesPerCell = double(f.residentAfter - before) / (double(t.rows) * kCols);
+  auto grid = FirstLoad(t, f, LoadQuilta);
   if (grid->RowCount() != t.rows || grid->ColCount() != kCols) Fail("Quilta shape");
   if (grid->CellValue(t.rows, 1).StringView() != t.text.back()) Fail("Quilta last text");
   if (grid->ColSortType(1) != quSortByValueNoCase || grid->ColSortType(2) != quSortByValueGeneral)
@@ -227,7 +233,7 @@ Figures RunQuilta(const Table& t) {
   // Loading again into the heap the first grid has just given back: no fresh pages for what
   // malloc keeps, which on a VM can be a large part of the first load.
   grid.reset();
-  t0 = std::chrono::steady_clock::now();
+  auto t0 = std::chrono::steady_clock::now();
   grid = LoadQuilta(t);
   f.loadWarm = Seconds(t0);
 
@@ -304,18 +310,12 @@ std::unique_ptr<QStandardItemModel> LoadQt(const Table& t) {
 
 Figures RunQt(const Table& t) {
   Figures f;
-  const long before = SettledResidentBytes();
-  auto t0 = std::chrono::steady_clock::now();
-  auto model = LoadQt(t);
-  f.load = Seconds(t0);
-  f.residentBefore = before;
-  f.residentAfter = quilta::bench::ResidentBytes();
-  f.bytesPerCell = double(f.residentAfter - before) / (double(t.rows) * kCols);
+  auto model = FirstLoad(t, f, LoadQt);
   if (model->rowCount() != t.rows || model->columnCount() != kCols) Fail("Qt shape");
   if (model->item(t.rows - 1, 0)->text().toStdString() != t.text.back()) Fail("Qt last text");
 
   model.reset();
-  t0 = std::chrono::steady_clock::now();
+  auto t0 = std::chrono::steady_clock::now();
   model = LoadQt(t);
   f.loadWarm = Seconds(t0);
 

@@ -62,8 +62,8 @@ void CellColumn::Grow(int32_t newCapacity) {
 void CellColumn::ConstructRows(int32_t first, int32_t count, const Cell& tmpl, int32_t liveRows,
                                int32_t capacity) {
   if (liveRows == 0 && !data_) uniform_ = tmpl;  // nothing constructed yet: adopt the template
-  // Rows equal to the template at the end of the column need no record of their own.
-  if (tmpl == uniform_ && constructed_ < first) return;
+  // Appended rows equal to the template need no record of their own: they lie past the prefix.
+  if (tmpl == uniform_) return;
   if (!data_) data_ = Reallocate(nullptr, std::max(capacity, 1));
   ConstructUniformUpTo(first - 1);
   NoteRefs(tmpl);

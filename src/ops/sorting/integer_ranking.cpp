@@ -25,7 +25,6 @@ bool IntegerRanks::Finish() {
   } else {
     RankBySorting(nullRanks);
   }
-  for (uint32_t off : nulls_) out_.rank[off] = 0;
   return true;
 }
 
@@ -56,7 +55,7 @@ bool IntegerRanks::AllDiffer(uint32_t firstValueRank) const {
 // Entries hold the distance from the lowest value in the high half and the offset in the low half.
 void IntegerRanks::RankBySorting(uint32_t nullRanks) {
   std::vector<uint8_t> isNull(nulls_.empty() ? 0 : out_.rank.size());
-  for (uint32_t off : nulls_) isNull[off] = 1;
+  for (uint32_t off : nulls_) isNull[off] = 1, out_.rank[off] = 0;
   auto base = static_cast<uint32_t>(low_);
   std::vector<uint64_t> sorted;
   sorted.reserve(out_.rank.size() - nulls_.size());
