@@ -84,7 +84,7 @@ void Control::RowsRemoved(int32_t row, int32_t count) {
 }
 
 void Control::RowsCleared(bool columnsToo) {
-  if (columnsToo) geometry.SetHScrollPos(0);
+  if (columnsToo) ScrollTo(quScrollBarH, 0);
   SetCurrentCell(0, 0);
 }
 

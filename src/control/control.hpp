@@ -8,6 +8,7 @@
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
 #include "layout/row_sizing.hpp"
+#include "layout/view.hpp"
 #include "model/cell_object_access.hpp"
 #include "model/cell_resources.hpp"
 #include "model/control_properties.hpp"
@@ -110,6 +111,17 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
   void Regroup();
 
+  // ---- View: the layout pass (view rectangles, scroll ranges) runs before painting, hit
+  // testing and scrolling; it is cheap, so it runs every time it is asked for.
+  void EnsureLayout();
+  // The header strip's height: the host's (headerHeight >= 0) or one line of the grid's font.
+  int32_t HeaderHeightPixels() const;
+  // A cell's rectangle in client pixels (resolved row; a column index, RowTextCol for the row
+  // text cell).
+  Rect CellRect(int32_t row, int32_t colIndex);
+  // Sets a scroll position (clamped) and redraws when it moved.
+  bool ScrollTo(EScrollBar bar, int32_t pos);
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -128,6 +140,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   CombosObject combos;
   int32_t dynamicContentEvents = quDCEventNone;
   GeometrySite geometrySite{*this};
+  layout::View view;
+  int32_t headerHeight = -1;  // -1: automatic
+  ScrollBarInfo shownScrollBars[2];
   // Sorting and grouping criteria. groupedBy holds the criteria the grid is currently grouped by;
   // grouping does not build group rows yet, so it stays empty and the grid is never grouped.
   SortGroupObject sortObject;

@@ -25,7 +25,7 @@ void Control::ApplyProperty(Prop p, const Variant& value) {
     case Prop::FrozenCols:
       if (changed) {
         // The boundary between frozen and scrolled columns moved: start scrolled columns afresh.
-        geometry.SetHScrollPos(0);
+        ScrollTo(quScrollBarH, 0);
         RecalcColumns();
         RequestRedraw();
       }

@@ -45,7 +45,8 @@ void Quilta::SetColWidths(int16_t lWidth, const Variant& vStartCol, const Varian
 
 void Quilta::ResizeColToFillSpace(const Variant& vCol) {
   int32_t slot = c_->store.ResolveColSlot(vCol);
-  c_->ColumnSizer().ResizeToFillSpace(slot, c_->platform->CellsArea().Width());
+  c_->EnsureLayout();
+  c_->ColumnSizer().ResizeToFillSpace(slot, c_->view.CellsArea().Width());
 }
 
 void Quilta::SetColPos(const Variant& vCol, int32_t lColPos) {

@@ -50,10 +50,6 @@ class Geometry {
   void BeginForcedLayout() { ++forced_; }
   void EndForcedLayout() { --forced_; }
 
-  // Horizontal scroll position of the scrollable columns, in pixels.
-  int32_t HScrollPos() const { return hScrollPos_; }
-  void SetHScrollPos(int32_t pos) { hScrollPos_ = pos; }
-
   // The column index at whose slot the row text starts.
   int32_t RowTextStartCol() const { return rowTextStartCol_; }
   void SetRowTextStartCol(int32_t index) { rowTextStartCol_ = index; }
@@ -70,7 +66,6 @@ class Geometry {
   ColumnTotals columns_;
   int64_t rowPasses_ = 0;
   int32_t forced_ = 0;
-  int32_t hScrollPos_ = 0;
   int32_t rowTextStartCol_ = 1;
   int32_t levelIndent_ = -1;  // the unscaled value behind levelIndentPixels_; -1 = not yet
   int32_t levelIndentDpi_ = 0;

@@ -31,9 +31,12 @@ TEST(ColumnPositions, HiddenColumnsTakeNoRoomAndStartWhereTheNextOneDoes) {
 TEST(ColumnPositions, FrozenPartCountsHeaderItemsScrollablePartCountsShownColumns) {
   GeometryFixture f;
   for (int32_t w : {0, 30, 50}) f.grid.AddCol({.lWidth = w});
-  f.Internals().geometry.SetHScrollPos(120);
+  f.platform.SetClientSize({40, 300});
+  f.Internals().EnsureLayout();
+  f.Internals().ScrollTo(quScrollBarH, 120);
+  EXPECT_EQ(f.Internals().view.ViewLeft(), 40);  // clamped to the scrollable range
   f.grid.SetFrozenCols(2);
-  EXPECT_EQ(f.Internals().geometry.HScrollPos(), 0);
+  EXPECT_EQ(f.Internals().view.ViewLeft(), 0);
   EXPECT_EQ(f.grid.ColVisibleIndex(1), 0);  // width 0: not shown, still frozen
   EXPECT_EQ(f.Totals().frozenCount, 2);
   EXPECT_EQ(f.Totals().frozenWidth, 30);

@@ -90,7 +90,7 @@ TEST(ColumnWidths, BulkWidthsFollowIndexesNotPositions) {
 
 TEST(ColumnWidths, FillSpaceTakesWhatTheOtherHeaderColumnsLeave) {
   GeometryFixture f;
-  f.platform.SetCellsArea({10, 0, 410, 300});  // 400 pixels wide
+  f.platform.SetClientSize({400, 300});
   f.grid.AddCol({.lWidth = 100, .lMaxWidth = 200});
   f.grid.AddCol({.lWidth = 50});
   f.grid.AddCol({.lWidth = 70, .bVisible = false});  // no header item: takes no room

@@ -248,6 +248,20 @@ std::string MapText(std::string_view s, MapAscii ascii, MapCodePoint map) {
 
 }  // namespace
 
+std::u32string DecodeUtf8(std::string_view s) {
+  std::u32string out;
+  out.reserve(s.size());
+  for (size_t i = 0; i < s.size();) out.push_back(Decode(s, i));
+  return out;
+}
+
+std::string EncodeUtf8(std::u32string_view chars) {
+  std::string out;
+  out.reserve(chars.size());
+  for (char32_t c : chars) Encode(c, out);
+  return out;
+}
+
 std::string ToLower(std::string_view s) { return MapText(s, AsciiLower, LowerOf); }
 
 bool EqualsLowered(std::string_view lowered, std::string_view s) {

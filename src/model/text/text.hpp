@@ -12,6 +12,9 @@ std::string ToLower(std::string_view s);
 bool EqualsLowered(std::string_view lowered, std::string_view s);
 // Upper-case copy of UTF-8 text (simple case mapping).
 std::string ToUpper(std::string_view s);
+// Code points of UTF-8 text and back; a stray byte survives the round trip unchanged.
+std::u32string DecodeUtf8(std::string_view s);
+std::string EncodeUtf8(std::u32string_view chars);
 // Binary comparison by byte (= code point order for UTF-8): -1, 0 or 1.
 int CompareBinary(std::string_view a, std::string_view b) noexcept;
 // Comparison ignoring case (code points folded to lower case first): -1, 0 or 1.
