@@ -442,6 +442,13 @@ class Quilta {
   void SetColSortKey(const Variant& vCol, int32_t lSortKey);
   // (sorting section end)
 
+  // ---- Image lists ---------------------------------------------------------------------------
+  // Lists 1 to 15, named by CellImageList, CellExtraImageList and header icons. vImageList holds
+  // a std::shared_ptr<quilta::ImageList> (Variant::Object) or is Empty/Nothing to remove the list;
+  // anything else fails with 518, a number outside 1..15 with 514.
+  Variant ImageList(uint8_t btList) const;
+  void SetImageList(uint8_t btList, const Variant& vImageList);
+
   // ---- Current cell (the part the stores keep in step) ------------------------------------
   int32_t CurRow() const;
   int32_t CurCol() const;

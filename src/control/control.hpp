@@ -5,6 +5,7 @@
 #include <memory>
 #include <quilta/quilta.hpp>
 
+#include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
 #include "layout/row_sizing.hpp"
@@ -119,6 +120,13 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // A cell's rectangle in client pixels (resolved row; a column index, RowTextCol for the row
   // text cell).
   Rect CellRect(int32_t row, int32_t colIndex);
+  // What the one cell part layout needs for a cell of a shown row (resolved row and column
+  // index) inside its rectangle. With dynamicIcons, CellDynamicIcons is raised when enabled,
+  // as drawing does, so that what is hit and measured is what is drawn.
+  layout::CellPartsInput CellPartsFor(int32_t row, int32_t colIndex, const Rect& cell,
+                                      bool dynamicIcons);
+  // The image list a cell or header names (1-15), or nullptr.
+  const ImageList* ImageListAt(uint8_t number) const;
   // Sets a scroll position (clamped) and redraws when it moved.
   bool ScrollTo(EScrollBar bar, int32_t pos);
 
@@ -141,7 +149,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   int32_t dynamicContentEvents = quDCEventNone;
   GeometrySite geometrySite{*this};
   layout::View view;
-  int32_t headerHeight = -1;  // -1: automatic
+  int32_t headerHeight = -1;                  // -1: automatic
+  std::shared_ptr<ImageList> imageLists[16];  // [0] unused: 0 names no list
   ScrollBarInfo shownScrollBars[2];
   // Sorting and grouping criteria. groupedBy holds the criteria the grid is currently grouped by;
   // grouping does not build group rows yet, so it stays empty and the grid is never grouped.

@@ -91,3 +91,42 @@ TEST(CellParts, PartsAreCarvedFromTheCellInOneOrderAndWidthIsTheInverse) {
 
 }  // namespace
 }  // namespace quilta::testing
+
+namespace quilta::testing {
+namespace {
+
+TEST(CellParts, TheGridGathersTreeComboCheckAndIconsForACell) {
+  GeometryFixture f;
+  f.grid.AddCol({.lWidth = 200});
+  f.grid.AddRow({.eTreeButton = quRowTreeButtonVisible});
+  f.grid.AddRow({.btLevel = 1});
+  f.grid.SetTreeCol(1);
+  auto list = std::make_shared<HeadlessImageList>(Size{16, 16}, 3);
+  f.grid.SetImageList(1, Variant::Object(std::static_pointer_cast<ImageList>(list)));
+  f.grid.SetCellIcon(2, 1, 2);
+  f.grid.SetCellIcon(1, 1, 7);  // past the list's end: no icon
+  f.grid.SetCellCheckVisible(2, 1, true);
+  f.grid.SetCellType(2, 1, quCellCombo);
+  auto& c = f.Internals();
+  c.EnsureLayout();
+  const layout::CellPartsInput root = c.CellPartsFor(1, 1, c.CellRect(1, 1), false);
+  EXPECT_EQ(root.treeSlots, 1);  // root lines on: a slot for the root's button
+  EXPECT_TRUE(root.treeButton);
+  EXPECT_EQ(root.icon, (Size{}));
+  const layout::CellPartsInput child = c.CellPartsFor(2, 1, c.CellRect(2, 1), false);
+  EXPECT_EQ(child.treeSlots, 2);
+  EXPECT_FALSE(child.treeButton);
+  EXPECT_EQ(child.icon, (Size{16, 16}));
+  EXPECT_EQ(child.checkBox, (Size{13, 13}));
+  EXPECT_EQ(child.comboButtonWidth, 0);  // shown only in the current cell
+  f.grid.SetShowControlsInAllCells(true);
+  EXPECT_EQ(c.CellPartsFor(2, 1, c.CellRect(2, 1), false).comboButtonWidth, 17);
+
+  ExpectError(518, [&] { f.grid.SetImageList(2, 5); });
+  ExpectError(514, [&] { f.grid.SetImageList(16, Variant()); });
+  f.grid.SetImageList(1, Variant());
+  EXPECT_TRUE(f.grid.ImageList(1).IsEmpty());
+}
+
+}  // namespace
+}  // namespace quilta::testing

@@ -81,6 +81,18 @@ class HeadlessDropDown final : public DropDownList {
   bool open_ = true;
 };
 
+// An image list of `count` images of one size, for windowless hosts and tests.
+class HeadlessImageList final : public ImageList {
+ public:
+  HeadlessImageList(Size size, int32_t count) : size_(size), count_(count) {}
+  Size ImageSize() const override { return size_; }
+  int32_t ImageCount() const override { return count_; }
+
+ private:
+  Size size_;
+  int32_t count_;
+};
+
 class HeadlessPlatform : public Platform {
  public:
   struct ShownMessage {
