@@ -442,6 +442,26 @@ class Quilta {
   void SetColSortKey(const Variant& vCol, int32_t lSortKey);
   // (sorting section end)
 
+  // ---- Host integration ----------------------------------------------------------------------
+  // A host routes its window's paint, input and focus here; everything the control does in
+  // answer (events, selection, scrolling, invalidation) follows from these calls. Points are
+  // client pixels; Button is 1 left, 2 right, 4 middle; Shift the modifier mask (1 Shift,
+  // 2 Ctrl, 4 Alt).
+  // Paints the part of the control inside clip (the header and the cells) through painter.
+  void Paint(Painter& painter, const Rect& clip);
+  void HostMouseDown(int16_t Button, int16_t Shift, int32_t x, int32_t y);
+  void HostMouseMove(int16_t Button, int16_t Shift, int32_t x, int32_t y);
+  void HostMouseUp(int16_t Button, int16_t Shift, int32_t x, int32_t y);
+  void HostDblClick(int16_t Button, int16_t Shift, int32_t x, int32_t y);
+  void HostMouseLeave();
+  // Wheel turns in 1/120 notches, positive away from the user.
+  void HostMouseWheel(int32_t lDelta, int16_t Shift);
+  // The user moved a scroll bar to a position.
+  void HostScroll(EScrollBar eBar, int32_t lPos);
+  // The client area changed size or resolution.
+  void HostResize();
+  void HostFocusChanged(bool bFocused);
+
   // ---- Image lists ---------------------------------------------------------------------------
   // Lists 1 to 15, named by CellImageList, CellExtraImageList and header icons. vImageList holds
   // a std::shared_ptr<quilta::ImageList> (Variant::Object) or is Empty/Nothing to remove the list;

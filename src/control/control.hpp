@@ -25,6 +25,8 @@ struct UpdateState {
   int32_t pendingRow = 0;  // lowest row whose positions must be recomputed; 0 = none
 };
 
+enum class MouseAction { Down, Move, Up, DblClick, Leave };
+
 struct Control final : model::StoreListener, model::CellObjectOwner {
   explicit Control(Platform* hostPlatform);
   ~Control() override;
@@ -129,6 +131,15 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   const ImageList* ImageListAt(uint8_t number) const;
   // Sets a scroll position (clamped) and redraws when it moved.
   bool ScrollTo(EScrollBar bar, int32_t pos);
+
+  // ---- Drawing: the cells area and the header strip, each inside a clip rectangle.
+  void PaintCells(Painter& painter, const Rect& clip);
+  void PaintHeader(Painter& painter, const Rect& clip);
+
+  // ---- Mouse: the header strip answers presses in it and any drag it started; the cells area
+  // gets the rest. Each returns whether it took the message.
+  bool HeaderMouse(MouseAction action, int16_t button, int16_t shift, Point at);
+  void CellsMouse(MouseAction action, int16_t button, int16_t shift, Point at);
 
   // (subsystem hooks end)
 

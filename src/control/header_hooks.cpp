@@ -1,0 +1,10 @@
+// The header strip's painting and mouse handling. Placeholder until the header lands.
+#include "control/control.hpp"
+
+namespace quilta::control {
+
+void Control::PaintHeader(Painter&, const Rect&) {}
+
+bool Control::HeaderMouse(MouseAction, int16_t, int16_t, Point) { return false; }
+
+}  // namespace quilta::control
