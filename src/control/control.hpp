@@ -136,6 +136,10 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void PaintCells(Painter& painter, const Rect& clip);
   void PaintHeader(Painter& painter, const Rect& clip);
 
+  // The width a column's header item needs to show its caption, icon and sort mark unclipped
+  // (auto-width with AutoWidthColWithHeader).
+  int32_t HeaderItemWidthNeeded(int32_t slot);
+
   // ---- Mouse: the header strip answers presses in it and any drag it started; the cells area
   // gets the rest. Each returns whether it took the message.
   bool HeaderMouse(MouseAction action, int16_t button, int16_t shift, Point at);
