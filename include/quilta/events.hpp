@@ -39,8 +39,37 @@ class QuiltaEvents {
   virtual void CellDynamicText(int32_t /*lRow*/, int32_t /*lCol*/, const Variant& /*vValue*/,
                                std::string& /*sText*/) {}
 
-  // Editing.
+  // Editing. The TextEdit* events are forwarded from the in-cell text box with the edited
+  // cell's row and column; a handler may set KeyCode or KeyAscii to 0 to eat the key.
   virtual void QuitCustomEdit() {}
+  virtual void RequestEdit(int32_t /*lRow*/, int32_t /*lCol*/, int32_t /*lCharCode*/,
+                           bool& /*bCancel*/, std::string& /*sText*/, int32_t& /*lMaxLength*/,
+                           ETextEditFlags& /*eTextEditOpt*/) {}
+  virtual void TextEditStarted() {}
+  virtual void TextEditChange(int32_t /*lRow*/, int32_t /*lCol*/) {}
+  virtual void TextEditKeyDown(int32_t /*lRow*/, int32_t /*lCol*/, int16_t& /*KeyCode*/,
+                               int16_t /*Shift*/) {}
+  virtual void TextEditKeyPress(int32_t /*lRow*/, int32_t /*lCol*/, int16_t& /*KeyAscii*/) {}
+  virtual void TextEditKeyUp(int32_t /*lRow*/, int32_t /*lCol*/, int16_t& /*KeyCode*/,
+                             int16_t /*Shift*/) {}
+  virtual void TextEditMouseDown(int32_t /*lRow*/, int32_t /*lCol*/, int16_t /*Button*/,
+                                 int16_t /*Shift*/, int32_t /*x*/, int32_t /*y*/) {}
+  virtual void TextEditMouseMove(int32_t /*lRow*/, int32_t /*lCol*/, int16_t /*Button*/,
+                                 int16_t /*Shift*/, int32_t /*x*/, int32_t /*y*/) {}
+  virtual void TextEditMouseUp(int32_t /*lRow*/, int32_t /*lCol*/, int16_t /*Button*/,
+                               int16_t /*Shift*/, int32_t /*x*/, int32_t /*y*/) {}
+  virtual void TextEditDblClick(int32_t /*lRow*/, int32_t /*lCol*/) {}
+  virtual void BeforeCommitEdit(int32_t /*lRow*/, int32_t /*lCol*/, EEditResults& /*eResult*/,
+                                const std::string& /*sNewText*/, Variant& /*vNewValue*/,
+                                int32_t /*lConvErr*/, bool /*bCanProceedEditing*/,
+                                int32_t& /*lComboListIndex*/) {}
+  virtual void AfterCommitEdit(int32_t /*lRow*/, int32_t /*lCol*/, const Variant& /*vOldValue*/) {}
+  virtual void CancelEdit(int32_t /*lRow*/, int32_t /*lCol*/) {}
+  virtual void InputValidationError(int32_t /*lConvErr*/, std::string& /*sErrDescr*/) {}
+  virtual void BeforeCellCheckChange(int32_t /*lRow*/, int32_t /*lCol*/,
+                                     ECellCheckState& /*eNewCheckState*/, bool& /*bCancel*/) {}
+  virtual void AfterCellCheckChange(int32_t /*lRow*/, int32_t /*lCol*/,
+                                    ECellCheckState /*eOldCheckState*/) {}
 
   // Sorting and grouping.
   virtual void BeforeContentsSorted() {}

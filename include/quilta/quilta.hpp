@@ -442,6 +442,25 @@ class Quilta {
   void SetColSortKey(const Variant& vCol, int32_t lSortKey);
   // (sorting section end)
 
+  // ---- Editing ---------------------------------------------------------------------------------
+  // lCharCode: the character that started the edit (0 none, 13 Enter, 8 Backspace, else a
+  // printable character). Refused edits do nothing and raise nothing.
+  void RequestEditCurCell(int32_t lCharCode = 0, bool bShowCombo = false);
+  void CommitEditCurCell();
+  void CancelEditCurCell();
+  bool IsEditing() const;
+  // The in-cell text box while editing: empty or 0 when there is none; setting them while no
+  // text box is open fails with 522.
+  std::string TextEditText() const;
+  void SetTextEditText(std::string_view sText);
+  int32_t TextEditSelStart() const;
+  void SetTextEditSelStart(int32_t lStart);
+  int32_t TextEditSelLength() const;
+  void SetTextEditSelLength(int32_t lLength);
+  std::string TextEditSelText() const;
+  void SetTextEditSelText(std::string_view sText);
+  intptr_t TextEditHwnd() const;
+
   // ---- Host integration ----------------------------------------------------------------------
   // A host routes its window's paint, input and focus here; everything the control does in
   // answer (events, selection, scrolling, invalidation) follows from these calls. Points are

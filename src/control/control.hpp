@@ -5,6 +5,7 @@
 #include <memory>
 #include <quilta/quilta.hpp>
 
+#include "edit/editor.hpp"
 #include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
@@ -82,8 +83,32 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // ---- Cell text: what drawing, sorting, searching and copying show for a cell.
   std::string CellText(int32_t row, int32_t colIndex);
 
-  // ---- Editing: ends an in-cell edit before geometry or order changes (raises QuitCustomEdit).
+  // ---- Editing: ends an in-cell edit before geometry or order changes (raises QuitCustomEdit,
+  // then closes an open editor without storing, as Esc does).
   void EndEditing();
+  // Scrolls a cell into view before it is edited.
+  void EnsureCellVisible(int32_t row, int32_t colIndex);
+  // Asks for the cell's rectangle to be painted again.
+  void InvalidateCell(int32_t row, int32_t colIndex);
+  struct EditSiteImpl final : edit::EditSite {
+    explicit EditSiteImpl(Control& control) : c(control) {}
+    QuiltaEvents* Events() override { return c.events; }
+    Platform& GetPlatform() override { return *c.platform; }
+    int32_t CurRow() const override { return c.curRow; }
+    int32_t CurCol() const override { return c.curCol; }
+    std::string CellText(int32_t row, int32_t colIndex) override;
+    void EnsureCellVisible(int32_t row, int32_t colIndex) override;
+    Rect EditRect(int32_t row, int32_t colIndex) override;
+    Rect CellsArea() override;
+    const ComboObject* ComboListOf(int32_t row, int32_t colIndex) override;
+    void ClearSearchString() override;
+    void KeySearchCharacter(int32_t charCode) override;
+    void StoreValue(int32_t row, int32_t colIndex, const Variant& value) override;
+    void StoreComboListIndex(int32_t row, int32_t colIndex, int32_t index) override;
+    void StoreCheckState(int32_t row, int32_t colIndex, ECellCheckState state) override;
+    void RedrawCell(int32_t row, int32_t colIndex) override { c.InvalidateCell(row, colIndex); }
+    Control& c;
+  };
 
   // ---- Geometry: size changes carried to editing, the header, scrolling and drawing.
   struct GeometrySite final : layout::GeometrySite {
@@ -164,6 +189,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   int32_t dynamicContentEvents = quDCEventNone;
   GeometrySite geometrySite{*this};
   layout::View view;
+  EditSiteImpl editSite{*this};
+  edit::Editor editor{store, props, editSite};
   int32_t headerHeight = -1;                  // -1: automatic
   std::shared_ptr<ImageList> imageLists[16];  // [0] unused: 0 names no list
   ScrollBarInfo shownScrollBars[2];

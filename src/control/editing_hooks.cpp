@@ -1,10 +1,62 @@
-// Ending an in-cell edit. No editor exists yet: only the host's custom editor is told to quit.
+// The editor's view of the grid, and ending an edit when geometry or order changes.
 #include "control/control.hpp"
 
 namespace quilta::control {
 
-void Control::EndEditing() {
-  if (events) events->QuitCustomEdit();
+void Control::EndEditing() { editor.Cancel(); }
+
+void Control::EnsureCellVisible(int32_t, int32_t) {
+  // Scrolling a cell into view arrives with hit testing and visibility.
+}
+
+void Control::InvalidateCell(int32_t row, int32_t colIndex) {
+  if (row < 1 || row > store.Rows().Count() || updates.count > 0) return;
+  EnsureLayout();
+  platform->InvalidateRect(CellRect(row, colIndex));
+}
+
+std::string Control::EditSiteImpl::CellText(int32_t row, int32_t colIndex) {
+  return c.CellText(row, colIndex);
+}
+
+void Control::EditSiteImpl::EnsureCellVisible(int32_t row, int32_t colIndex) {
+  c.EnsureCellVisible(row, colIndex);
+}
+
+Rect Control::EditSiteImpl::EditRect(int32_t row, int32_t colIndex) {
+  c.EnsureLayout();
+  const Rect cell = c.CellRect(row, colIndex);
+  return layout::LayoutCellParts(c.CellPartsFor(row, colIndex, cell, true)).text;
+}
+
+Rect Control::EditSiteImpl::CellsArea() {
+  c.EnsureLayout();
+  return c.view.CellsArea();
+}
+
+const ComboObject* Control::EditSiteImpl::ComboListOf(int32_t row, int32_t colIndex) {
+  const model::Cell& cell = c.store.CellAt(row, colIndex);
+  return c.combos.Find(c.resources->controlKeys.Text(cell.ctrlKey));
+}
+
+void Control::EditSiteImpl::ClearSearchString() {
+  // Key search keeps its string with the interaction subsystem.
+}
+
+void Control::EditSiteImpl::KeySearchCharacter(int32_t) {
+  // Typed characters reach key search through the interaction subsystem.
+}
+
+void Control::EditSiteImpl::StoreValue(int32_t row, int32_t colIndex, const Variant& value) {
+  c.SetCellProperty(row, colIndex, quPropCellValue, value);
+}
+
+void Control::EditSiteImpl::StoreComboListIndex(int32_t row, int32_t colIndex, int32_t index) {
+  c.SetCellProperty(row, colIndex, quPropCellComboListIndex, index);
+}
+
+void Control::EditSiteImpl::StoreCheckState(int32_t row, int32_t colIndex, ECellCheckState state) {
+  c.SetCellProperty(row, colIndex, quPropCellCheckState, static_cast<int32_t>(state));
 }
 
 }  // namespace quilta::control
