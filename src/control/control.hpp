@@ -5,6 +5,7 @@
 #include <memory>
 #include <quilta/quilta.hpp>
 
+#include "exchange/exchange_site.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
 #include "layout/row_sizing.hpp"
@@ -110,6 +111,20 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
   void Regroup();
 
+  // ---- Data exchange: layout strings, arrays and record sets.
+  struct ExchangeSite final : exchange::ExchangeSite {
+    explicit ExchangeSite(Control& control) : c(control) {}
+    int32_t Dpi() const override { return c.platform->Dpi(); }
+    void EndEditing() override { c.EndEditing(); }
+    void ColumnTableReplaced() override;
+    void SortMarksChanged() override { c.SortMarksChanged(); }
+    void SortGrid() override;
+    void CellValuesWritten(int32_t firstRow) override;
+    void BeginUpdate() override { c.BeginUpdate(); }
+    void EndUpdate() override { c.EndUpdate(); }
+    Control& c;
+  };
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -133,6 +148,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   SortGroupObject sortObject;
   SortGroupObject groupObject;
   ops::Criteria groupedBy;
+  ExchangeSite exchangeSite{*this};
   // (subsystem state end)
 };
 
