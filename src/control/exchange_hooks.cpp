@@ -14,7 +14,7 @@ void Control::ExchangeSite::ColumnTableReplaced() {
 }
 
 void Control::ExchangeSite::SortGrid() {
-  ops::Sorter(c).Sort(Variant::Missing(), Variant::Missing(), Variant::Missing());
+  ops::Sorter(c).SortAll();
 }
 
 void Control::ExchangeSite::CellValuesWritten(int32_t firstRow) {
