@@ -83,6 +83,9 @@ PgConnection::PgConnection(const std::string& conninfo) {
     conn = nullptr;
     Raise(message);
   }
+  // Notices ("table does not exist, skipping") are the server talking to itself; a grid has no
+  // one to show them to.
+  PQsetNoticeProcessor(conn, [](void*, const char*) {}, nullptr);
 }
 
 PgConnection::~PgConnection() { PQfinish(conn); }

@@ -93,10 +93,7 @@ int32_t RecordSetFiller::KeyFieldOf(const std::vector<RecordSetField>& fields,
   throw Error::FromCode(quErrSubscriptOutOfRange);
 }
 
-RecordSetFiller::Records RecordSetFiller::ReadRecords(Dispatch& rs,
-                                                      const std::vector<RecordSetField>& fields,
-                                                      int32_t keyField, bool ado) const {
-  Records r;
+int32_t RecordSetFiller::CountRecords(Dispatch& rs, bool ado) const {
   int32_t count = LongOf(rs.Get("RecordCount"));
   if (ado) {
     // A provider that cannot count its records (-1) cannot be read without EOF tests.
@@ -108,25 +105,42 @@ RecordSetFiller::Records RecordSetFiller::ReadRecords(Dispatch& rs,
     count = LongOf(rs.Get("RecordCount"));
     rs.Call("MoveFirst");
   }
-  r.count = std::max(count, 0);
-  r.byField.resize(fields.size());
-  for (auto& values : r.byField) values.reserve(static_cast<size_t>(r.count));
-  if (keyField >= 0) r.keys.reserve(static_cast<size_t>(r.count));
-  for (int32_t k = 0; k < r.count; ++k) {
-    for (size_t i = 0; i < fields.size(); ++i)
-      r.byField[i].push_back(fields[i].object->Get("Value"));
-    if (keyField >= 0) r.keys.push_back(TextOf(r.byField[static_cast<size_t>(keyField)].back()));
-    rs.Call("MoveNext");
-  }
-  return r;
+  return std::max(count, 0);
 }
 
-void RecordSetFiller::CheckKeys(const Records& records, bool keepRows) const {
+// Records go straight into new rows after the existing ones; row keys wait until every record
+// has been read and checked.
+std::vector<std::string> RecordSetFiller::ReadRecords(Dispatch& rs,
+                                                      const std::vector<RecordSetField>& fields,
+                                                      const std::vector<int32_t>& target,
+                                                      int32_t keyField, int32_t first,
+                                                      int32_t count) {
+  std::vector<std::string> keys;
+  if (keyField >= 0) keys.reserve(static_cast<size_t>(count));
+  std::vector<model::CellColumn*> columns;
+  for (int32_t col : target) columns.push_back(col ? &store_.Cells().Column(col) : nullptr);
+  for (int32_t k = 0; k < count; ++k) {
+    for (size_t i = 0; i < fields.size(); ++i) {
+      Variant value = fields[i].object->Get("Value");
+      if (static_cast<int32_t>(i) == keyField) keys.push_back(TextOf(value));
+      if (!columns[i]) continue;
+      model::Cell& cell = store_.MutableCell(first + k, target[i]);
+      cell.value = std::move(value);
+      columns[i]->NoteRefs(cell);
+      cell.state |= model::Cell::kRemeasure;
+    }
+    rs.Call("MoveNext");
+  }
+  return keys;
+}
+
+void RecordSetFiller::CheckKeys(const std::vector<std::string>& keys, int32_t oldRows,
+                                bool keepRows) const {
   std::unordered_set<std::string_view> seen;
-  for (const std::string& key : records.keys) {
+  for (const std::string& key : keys) {
     if (key.empty()) continue;
-    if (!seen.insert(key).second || (keepRows && store_.RowOfKey(key)))
-      throw Error::FromCode(quErrDuplicateKey);
+    bool taken = keepRows && store_.RowOfKey(key) && store_.RowOfKey(key) <= oldRows;
+    if (!seen.insert(key).second || taken) throw Error::FromCode(quErrDuplicateKey);
   }
 }
 
@@ -167,26 +181,13 @@ void RecordSetFiller::NameColumns(const std::vector<RecordSetField>& fields,
   }
 }
 
-void RecordSetFiller::AppendRows(Records& records, const std::vector<int32_t>& target) {
-  if (records.count == 0) return;
-  int32_t first = store_.RowCount() + 1;
-  store_.AddRows({.lCount = records.count});
-  for (size_t i = 0; i < target.size(); ++i) {
-    if (target[i] == 0) continue;
-    model::CellColumn& column = store_.Cells().Column(target[i]);
-    std::vector<Variant>& values = records.byField[i];
-    for (int32_t k = 0; k < records.count; ++k) {
-      model::Cell& cell = store_.MutableCell(first + k, target[i]);
-      cell.value = std::move(values[static_cast<size_t>(k)]);
-      column.NoteRefs(cell);
-      cell.state |= model::Cell::kRemeasure;
-    }
-    std::vector<Variant>().swap(values);
+// Rows 1..count, a subtree at a time where a row holds nested ones.
+void RecordSetFiller::RemoveLeadingRows(int32_t count) {
+  while (count > 0) {
+    int32_t before = store_.RowCount();
+    store_.RemoveRows(Variant(1), count);
+    count -= before - store_.RowCount();
   }
-  for (size_t k = 0; k < records.keys.size(); ++k)
-    if (!records.keys[k].empty())
-      store_.SetRowKey(first + static_cast<int32_t>(k), records.keys[k]);
-  site_.CellValuesWritten(first);
 }
 
 void RecordSetFiller::Fill(const std::shared_ptr<Dispatch>& rs, EFillFromRSMode mode,
@@ -195,28 +196,35 @@ void RecordSetFiller::Fill(const std::shared_ptr<Dispatch>& rs, EFillFromRSMode 
   bool ado = rs->TypeName() == "Recordset" || rs->TypeName() == "Recordset2";
   std::vector<RecordSetField> fields = ReadFields(*rs);
   int32_t keyField = KeyFieldOf(fields, vRowKeyField);
+  UpdateBlock update(site_);
+  site_.EndEditing();
   if (mode == quFillRSRecreateColsOnly) {
-    UpdateBlock update(site_);
-    site_.EndEditing();
     store_.Clear(true);
     NameColumns(fields, CreateColumns(fields));
     return;
   }
-  Records records = ReadRecords(*rs, fields, keyField, ado);
   bool keepRows = mode == quFillRSAddToExistingRows;
-  CheckKeys(records, keepRows);
-
-  UpdateBlock update(site_);
-  site_.EndEditing();
-  std::vector<int32_t> target;
-  if (!keepRows) store_.Clear(store_.ColCount() == 0);
-  if (!keepRows && store_.ColCount() == 0) {
-    target = CreateColumns(fields);
-  } else {
-    target = MatchColumns(fields);
+  bool createCols = !keepRows && store_.ColCount() == 0;
+  int32_t count = CountRecords(*rs, ado);
+  int32_t oldRows = store_.RowCount();
+  std::vector<int32_t> target = createCols ? CreateColumns(fields) : MatchColumns(fields);
+  int32_t first = oldRows + 1;
+  std::vector<std::string> keys;
+  try {
+    if (count > 0) store_.AddRows({.lCount = count});
+    keys = ReadRecords(*rs, fields, target, keyField, first, count);
+    CheckKeys(keys, oldRows, keepRows);
+  } catch (...) {
+    if (store_.RowCount() > oldRows) store_.RemoveRows(Variant(first), store_.RowCount() - oldRows);
+    if (createCols && store_.ColCount() > 0) store_.RemoveCols(Variant(1), store_.ColCount());
+    throw;
   }
+  if (!keepRows) RemoveLeadingRows(oldRows);
+  first = store_.RowCount() - count + 1;
+  for (size_t k = 0; k < keys.size(); ++k)
+    if (!keys[k].empty()) store_.SetRowKey(first + static_cast<int32_t>(k), keys[k]);
   NameColumns(fields, target);
-  AppendRows(records, target);
+  site_.CellValuesWritten(keepRows ? first : 1);
 }
 
 }  // namespace quilta::exchange
