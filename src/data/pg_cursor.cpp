@@ -85,7 +85,8 @@ PgConnection::PgConnection(const std::string& conninfo) {
   }
   // Notices ("table does not exist, skipping") are the server talking to itself; a grid has no
   // one to show them to.
-  PQsetNoticeProcessor(conn, [](void*, const char*) {}, nullptr);
+  PQsetNoticeProcessor(
+      conn, [](void*, const char*) {}, nullptr);
 }
 
 PgConnection::~PgConnection() { PQfinish(conn); }
@@ -139,9 +140,10 @@ PgCursor::PgCursor(std::shared_ptr<PgConnection> connection, std::string_view sq
   for (int i = 0; i < n; ++i) {
     fields_.push_back({PQfname(r, i), {}, {}});
     types_.push_back(PQftype(r, i));
+    tables_.push_back(PQftable(r, i));
+    tableColumns_.push_back(PQftablecol(r, i));
   }
   row_.resize(static_cast<size_t>(n));
-  ReadBaseNames();
 }
 
 PgCursor::~PgCursor() {
@@ -180,8 +182,8 @@ void PgCursor::Fetch() {
 // The table and column each field comes from, as the server's catalogue names them.
 void PgCursor::ReadBaseNames() {
   for (size_t i = 0; i < fields_.size(); ++i) {
-    Oid table = PQftable(batch_.get(), static_cast<int>(i));
-    int column = PQftablecol(batch_.get(), static_cast<int>(i));
+    Oid table = tables_[i];
+    int column = tableColumns_[i];
     if (table == InvalidOid || column <= 0) continue;
     PgResult r = connection_->Run(
         "SELECT a.attname, c.relname FROM pg_attribute a JOIN pg_class c ON c.oid = a.attrelid "

@@ -36,6 +36,7 @@ class PgCursor final : public RowCursor {
   ~PgCursor() override;
 
   const std::vector<FieldInfo>& Fields() override { return fields_; }
+  void ReadBaseNames() override;
   int64_t Count() override;
   bool Rewind() override;
   bool Advance() override;
@@ -45,7 +46,6 @@ class PgCursor final : public RowCursor {
   void Open();
   void Close();
   void Fetch();
-  void ReadBaseNames();
 
   std::shared_ptr<PgConnection> connection_;
   std::string sql_;
@@ -56,6 +56,8 @@ class PgCursor final : public RowCursor {
   int next_ = 0;  // the row of the batch Advance reads next
   std::vector<FieldInfo> fields_;
   std::vector<Oid> types_;
+  std::vector<Oid> tables_;
+  std::vector<int> tableColumns_;
   std::vector<Variant> row_;
 };
 

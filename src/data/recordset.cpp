@@ -94,6 +94,15 @@ Recordset::Recordset(std::unique_ptr<RowCursor> cursor) : cursor_(std::move(curs
 
 Recordset::~Recordset() = default;
 
+const FieldInfo& Recordset::Field(int32_t i) {
+  if (!baseNamesRead_) {
+    baseNamesRead_ = true;
+    cursor_->ReadBaseNames();
+    fields_ = cursor_->Fields();
+  }
+  return fields_[static_cast<size_t>(i)];
+}
+
 std::shared_ptr<Dispatch> Recordset::FieldAt(const Variant& index) {
   if (index.IsString()) {
     for (int32_t i = 0; i < FieldCount(); ++i)
@@ -136,6 +145,8 @@ void Recordset::MoveLast() {
 }
 
 Variant Recordset::Invoke(std::string_view member, InvokeKind, std::span<const Variant> args) {
+  // Readers call MoveNext once per record: the exact spelling is tried first.
+  if (member == "MoveNext") return MoveNext(), Variant();
   if (SameName(member, "Fields")) {
     if (args.empty()) return DispatchVariant(std::make_shared<FieldsObject>(shared_from_this()));
     return DispatchVariant(FieldAt(args[0]));

@@ -137,14 +137,14 @@ void ColumnLayout::Read(std::string_view layout) {
       ++skipped;
       continue;
     }
-    int32_t pos = current.order - skipped;
+    int64_t pos = int64_t{current.order} - skipped;
     if (pos < 1 || pos > count) return;
-    table.Place(item->col, pos);
+    table.Place(item->col, static_cast<int32_t>(pos));
     settings[item->col] = current;
   }
   if (reader.Damaged()) return;
 
-  for (int32_t index = lastIndex + 1; index <= count; ++index)
+  for (int32_t index = std::min(lastIndex, count) + 1; index <= count; ++index)
     if (!table.Placed(index) && table.Free(index)) table.Place(index, index);
   std::vector<int32_t> order = table.Complete(cols_);
 

@@ -103,7 +103,9 @@ TEST_F(LayoutStrings, DamagedColumnLayoutLeavesEveryColumnAsItWas) {
        {"1|Width|10|1|Order|1|1|Visible|1|2|Width|x|2|Order|2|2|Visible|1|",
         "1|Width|10|1|Order|1|1|Visible|1|2|Width|20",  // missing bar
         "1|Width|10|1|Order|9|1|Visible|1|",            // position outside the table
-        "a|Width|10|1|Order|1|1|Visible|1|", "{dpi=96}1|Width|1|1|Order|0|1|Visible|1|"}) {
+        "a|Width|10|1|Order|1|1|Visible|1|", "{dpi=96}1|Width|1|1|Order|0|1|Visible|1|",
+        "2147483647||5|",
+        "9|Width|1|9|Order|1|9|Visible|1|1|Width|1|1|Order|-2147483648|1|Visible|1|"}) {
     grid.SetLayoutCol(damaged);
     EXPECT_EQ(grid.LayoutCol(), before) << damaged;
   }

@@ -23,6 +23,9 @@ class RowCursor {
  public:
   virtual ~RowCursor() = default;
   virtual const std::vector<FieldInfo>& Fields() = 0;
+  // Fills in the base column and table names, for drivers that must ask the server for them
+  // (the record set calls it the first time a base name is wanted).
+  virtual void ReadBaseNames() {}
   // The number of records the query returns.
   virtual int64_t Count() = 0;
   // To the first record / the next one; false when there is none.
@@ -42,7 +45,7 @@ class Recordset : public Dispatch, public std::enable_shared_from_this<Recordset
 
   // The same members for C++ callers.
   int32_t FieldCount() const { return static_cast<int32_t>(fields_.size()); }
-  const FieldInfo& Field(int32_t i) const { return fields_[static_cast<size_t>(i)]; }
+  const FieldInfo& Field(int32_t i);
   const Variant& Value(int32_t field) const;  // error 3021 at EOF or BOF
   int32_t RecordCount();
   bool IsEOF() const { return eof_; }
@@ -60,6 +63,7 @@ class Recordset : public Dispatch, public std::enable_shared_from_this<Recordset
   std::vector<std::shared_ptr<Dispatch>> fieldObjects_;
   int64_t position_ = 0;  // 0-based record number; -1 before the first
   int64_t count_ = -1;    // asked of the driver once
+  bool baseNamesRead_ = false;
   bool eof_ = false;
   bool bof_ = false;
 };
