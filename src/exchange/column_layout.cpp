@@ -87,6 +87,14 @@ class NewTable {
   std::vector<int32_t> posOf_;
 };
 
+// The display position of every column index, found in one pass over the slots.
+std::vector<int32_t> SlotsByIndex(const model::ColumnStore& cols) {
+  std::vector<int32_t> slotOf(static_cast<size_t>(cols.ColCount()) + 1, 0);
+  for (int32_t slot = 1; slot <= cols.ColCount(); ++slot)
+    slotOf[static_cast<size_t>(cols.AtSlot(slot).index)] = slot;
+  return slotOf;
+}
+
 struct Settings {
   int32_t width;
   int32_t order;
@@ -97,8 +105,9 @@ struct Settings {
 
 std::string ColumnLayout::Write() const {
   std::string out = "{dpi=" + std::to_string(site_.Dpi()) + "}";
+  std::vector<int32_t> slotOf = SlotsByIndex(cols_);
   for (int32_t index = 1; index <= cols_.ColCount(); ++index) {
-    int32_t slot = cols_.SlotOfIndex(index);
+    int32_t slot = slotOf[static_cast<size_t>(index)];
     const model::Column& c = cols_.AtSlot(slot);
     AppendItem(out, index, "Width", c.width);
     AppendItem(out, index, "Order", slot);
@@ -148,10 +157,11 @@ void ColumnLayout::Read(std::string_view layout) {
     if (!table.Placed(index) && table.Free(index)) table.Place(index, index);
   std::vector<int32_t> order = table.Complete(cols_);
 
+  std::vector<int32_t> slotOf = SlotsByIndex(cols_);
   std::vector<model::Column> slots;
   slots.reserve(cols_.Slots().size());
   for (int32_t pos = 1; pos <= count; ++pos) {
-    model::Column c = cols_.AtIndex(order[pos]);
+    model::Column c = cols_.AtSlot(slotOf[static_cast<size_t>(order[pos])]);
     if (int32_t placedWidth = settings[c.index].width; settings[c.index].order != 0) {
       c.width = layout::ClampWidth(c, placedWidth);
       c.visible = c.headerItem = settings[c.index].visible;
