@@ -13,9 +13,7 @@ void Control::ExchangeSite::ColumnTableReplaced() {
   c.RequestRedraw();
 }
 
-void Control::ExchangeSite::SortGrid() {
-  ops::Sorter(c).SortAll();
-}
+void Control::ExchangeSite::SortGrid() { ops::Sorter(c).SortAll(); }
 
 void Control::ExchangeSite::CellValuesWritten(int32_t firstRow) {
   c.geometry.RecordChange(model::kLayoutRows);

@@ -116,59 +116,75 @@ std::string ColumnLayout::Write() const {
   return out;
 }
 
-void ColumnLayout::Read(std::string_view layout) {
-  if (layout.empty()) return;
-  const int32_t count = cols_.ColCount();
-  Header header = SplitHeader(layout);
-  double factor = double(site_.Dpi()) / (header.dpi ? header.dpi : 96);
+// What the items ask for: a position in the new table and settings for every column they name.
+struct ColumnLayout::Placements {
+  explicit Placements(int32_t count) : table(count), settings(static_cast<size_t>(count) + 1) {}
+  NewTable table;
+  std::vector<Settings> settings;  // order 0: the items did not place the column
+  int32_t lastIndex = 0;
+};
 
-  NewTable table(count);
-  std::vector<Settings> settings(count + 1);
+// Reads the items; false at damage.
+bool ColumnLayout::ReadItems(std::string_view items, double factor, Placements& out) const {
+  const int32_t count = cols_.ColCount();
   const model::Column* first = count ? &cols_.AtSlot(1) : nullptr;
   Settings current{first ? first->width : 64, 1, first ? first->visible : true};
-  LayoutItemReader reader(header.items);
+  LayoutItemReader reader(items);
   int32_t skipped = 0;
-  int32_t lastIndex = 0;
   int32_t inGroup = 0;
   while (auto item = reader.Next()) {
     if (item->name == "Width" || item->name == "Order" || item->name == "Visible") {
       auto value = ParseInteger(item->value);
-      if (!value) return;
+      if (!value) return false;
       if (item->name == "Width") current.width = ScaledWidth(*value, factor);
       if (item->name == "Order") current.order = *value;
       if (item->name == "Visible") current.visible = *value != 0;
     }
-    if (item->col < 1) return;
-    lastIndex = item->col;
+    if (item->col < 1) return false;
+    out.lastIndex = item->col;
     if (++inGroup < 3) continue;
     inGroup = 0;
+    // A column the grid lacks is skipped, and the columns after it move up one position.
     if (item->col > count) {
       ++skipped;
       continue;
     }
     int64_t pos = int64_t{current.order} - skipped;
-    if (pos < 1 || pos > count) return;
-    table.Place(item->col, static_cast<int32_t>(pos));
-    settings[item->col] = current;
+    if (pos < 1 || pos > count) return false;
+    out.table.Place(item->col, static_cast<int32_t>(pos));
+    out.settings[static_cast<size_t>(item->col)] = current;
   }
-  if (reader.Damaged()) return;
+  return !reader.Damaged();
+}
 
-  for (int32_t index = std::min(lastIndex, count) + 1; index <= count; ++index)
-    if (!table.Placed(index) && table.Free(index)) table.Place(index, index);
-  std::vector<int32_t> order = table.Complete(cols_);
-
+std::vector<model::Column> ColumnLayout::NewColumns(Placements& p) const {
+  const int32_t count = cols_.ColCount();
+  for (int32_t index = std::min(p.lastIndex, count) + 1; index <= count; ++index)
+    if (!p.table.Placed(index) && p.table.Free(index)) p.table.Place(index, index);
+  std::vector<int32_t> order = p.table.Complete(cols_);
   std::vector<int32_t> slotOf = SlotsByIndex(cols_);
   std::vector<model::Column> slots;
   slots.reserve(cols_.Slots().size());
   for (int32_t pos = 1; pos <= count; ++pos) {
-    model::Column c = cols_.AtSlot(slotOf[static_cast<size_t>(order[pos])]);
-    if (int32_t placedWidth = settings[c.index].width; settings[c.index].order != 0) {
-      c.width = layout::ClampWidth(c, placedWidth);
-      c.visible = c.headerItem = settings[c.index].visible;
+    model::Column c = cols_.AtSlot(slotOf[static_cast<size_t>(order[static_cast<size_t>(pos)])]);
+    const Settings& read = p.settings[static_cast<size_t>(c.index)];
+    if (read.order != 0) {
+      c.width = layout::ClampWidth(c, read.width);
+      c.visible = c.headerItem = read.visible;
     }
     slots.push_back(std::move(c));
   }
   slots.push_back(cols_.AtSlot(count + 1));  // the row text column stays last
+  return slots;
+}
+
+void ColumnLayout::Read(std::string_view layout) {
+  if (layout.empty()) return;
+  Header header = SplitHeader(layout);
+  double factor = double(site_.Dpi()) / (header.dpi ? header.dpi : 96);
+  Placements placements(cols_.ColCount());
+  if (!ReadItems(header.items, factor, placements)) return;
+  std::vector<model::Column> slots = NewColumns(placements);
   site_.EndEditing();
   cols_.Slots() = std::move(slots);
   site_.ColumnTableReplaced();

@@ -4,6 +4,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "exchange/exchange_site.hpp"
 #include "model/column_store.hpp"
@@ -20,6 +21,10 @@ class ColumnLayout {
   void Read(std::string_view layout);
 
  private:
+  struct Placements;
+  bool ReadItems(std::string_view items, double factor, Placements& out) const;
+  std::vector<model::Column> NewColumns(Placements& p) const;
+
   model::ColumnStore& cols_;
   ExchangeSite& site_;
 };

@@ -2,13 +2,13 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <quilta/quilta.hpp>
 #include <string>
-#include <unistd.h>
 
 namespace quilta::testing {
 
