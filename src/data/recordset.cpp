@@ -126,6 +126,8 @@ int32_t Recordset::RecordCount() {
 }
 
 void Recordset::MoveFirst() {
+  // Already on the first record: the query need not run again.
+  if (position_ == 0 && !eof_ && !bof_) return;
   eof_ = bof_ = !cursor_->Rewind();
   position_ = 0;
 }

@@ -196,6 +196,7 @@ void RecordSetFiller::Fill(const std::shared_ptr<Dispatch>& rs, EFillFromRSMode 
   bool ado = rs->TypeName() == "Recordset" || rs->TypeName() == "Recordset2";
   std::vector<RecordSetField> fields = ReadFields(*rs);
   int32_t keyField = KeyFieldOf(fields, vRowKeyField);
+  int32_t count = mode == quFillRSRecreateColsOnly ? 0 : CountRecords(*rs, ado);
   UpdateBlock update(site_);
   site_.EndEditing();
   if (mode == quFillRSRecreateColsOnly) {
@@ -205,7 +206,6 @@ void RecordSetFiller::Fill(const std::shared_ptr<Dispatch>& rs, EFillFromRSMode 
   }
   bool keepRows = mode == quFillRSAddToExistingRows;
   bool createCols = !keepRows && store_.ColCount() == 0;
-  int32_t count = CountRecords(*rs, ado);
   int32_t oldRows = store_.RowCount();
   std::vector<int32_t> target = createCols ? CreateColumns(fields) : MatchColumns(fields);
   int32_t first = oldRows + 1;
