@@ -46,14 +46,40 @@ class PropertyObject : public Dispatch {
 
 }  // namespace
 
+struct Recordset::Reader {
+  explicit Reader(std::unique_ptr<RowCursor> c) : cursor(std::move(c)), fields(cursor->Fields()) {}
+
+  const Variant& Value(int32_t field) const {
+    if (eof || bof) throw NoCurrentRecord();
+    return cursor->Value(field);
+  }
+  const FieldInfo& Field(int32_t i) {
+    if (!baseNamesRead) {
+      baseNamesRead = true;
+      cursor->ReadBaseNames();
+      fields = cursor->Fields();
+    }
+    return fields[static_cast<size_t>(i)];
+  }
+
+  std::unique_ptr<RowCursor> cursor;
+  std::vector<FieldInfo> fields;
+  int64_t position = 0;  // 0-based record number
+  int64_t count = -1;    // asked of the driver once
+  bool baseNamesRead = false;
+  bool eof = false;
+  bool bof = false;
+};
+
 class Recordset::FieldObject : public Dispatch {
  public:
-  FieldObject(Recordset& rs, int32_t index) : rs_(rs), index_(index) {}
+  FieldObject(std::shared_ptr<Reader> reader, int32_t index)
+      : reader_(std::move(reader)), index_(index) {}
   std::string TypeName() const override { return "Field"; }
   Variant Invoke(std::string_view member, InvokeKind, std::span<const Variant> args) override {
     // FillFromRS asks for the value once per cell: the cheap test comes first.
-    if (member == "Value" || SameName(member, "Value")) return rs_.Value(index_);
-    const FieldInfo& f = rs_.Field(index_);
+    if (member == "Value" || SameName(member, "Value")) return reader_->Value(index_);
+    const FieldInfo& f = reader_->Field(index_);
     if (SameName(member, "Name")) return f.name;
     if (SameName(member, "Properties")) {
       std::string name = CStr(Arg(args, 0));
@@ -67,7 +93,7 @@ class Recordset::FieldObject : public Dispatch {
   }
 
  private:
-  Recordset& rs_;  // the record set owns its field objects and outlives them in its members
+  std::shared_ptr<Reader> reader_;
   int32_t index_;
 };
 
@@ -85,28 +111,24 @@ class Recordset::FieldsObject : public Dispatch {
   std::shared_ptr<Recordset> rs_;
 };
 
-Recordset::Recordset(std::unique_ptr<RowCursor> cursor) : cursor_(std::move(cursor)) {
-  fields_ = cursor_->Fields();
+Recordset::Recordset(std::unique_ptr<RowCursor> cursor)
+    : reader_(std::make_shared<Reader>(std::move(cursor))) {
   for (int32_t i = 0; i < FieldCount(); ++i)
-    fieldObjects_.push_back(std::make_shared<FieldObject>(*this, i));
-  eof_ = bof_ = !cursor_->Rewind();
+    fieldObjects_.push_back(std::make_shared<FieldObject>(reader_, i));
+  reader_->eof = reader_->bof = !reader_->cursor->Rewind();
 }
 
 Recordset::~Recordset() = default;
 
-const FieldInfo& Recordset::Field(int32_t i) {
-  if (!baseNamesRead_) {
-    baseNamesRead_ = true;
-    cursor_->ReadBaseNames();
-    fields_ = cursor_->Fields();
-  }
-  return fields_[static_cast<size_t>(i)];
-}
+int32_t Recordset::FieldCount() const { return static_cast<int32_t>(reader_->fields.size()); }
+const FieldInfo& Recordset::Field(int32_t i) { return reader_->Field(i); }
+const Variant& Recordset::Value(int32_t field) const { return reader_->Value(field); }
+bool Recordset::IsEOF() const { return reader_->eof; }
 
 std::shared_ptr<Dispatch> Recordset::FieldAt(const Variant& index) {
   if (index.IsString()) {
     for (int32_t i = 0; i < FieldCount(); ++i)
-      if (SameName(fields_[static_cast<size_t>(i)].name, index.StringView()))
+      if (SameName(reader_->fields[static_cast<size_t>(i)].name, index.StringView()))
         return fieldObjects_[static_cast<size_t>(i)];
     throw Error::Runtime(vbErrSubscript);
   }
@@ -115,35 +137,33 @@ std::shared_ptr<Dispatch> Recordset::FieldAt(const Variant& index) {
   return fieldObjects_[static_cast<size_t>(i)];
 }
 
-const Variant& Recordset::Value(int32_t field) const {
-  if (eof_ || bof_) throw NoCurrentRecord();
-  return cursor_->Value(field);
-}
-
 int32_t Recordset::RecordCount() {
-  if (count_ < 0) count_ = cursor_->Count();
-  return static_cast<int32_t>(std::min<int64_t>(count_, std::numeric_limits<int32_t>::max()));
+  if (reader_->count < 0) reader_->count = reader_->cursor->Count();
+  return static_cast<int32_t>(
+      std::min<int64_t>(reader_->count, std::numeric_limits<int32_t>::max()));
 }
 
 void Recordset::MoveFirst() {
+  Reader& r = *reader_;
   // Already on the first record: the query need not run again.
-  if (position_ == 0 && !eof_ && !bof_) return;
-  eof_ = bof_ = !cursor_->Rewind();
-  position_ = 0;
+  if (r.position == 0 && !r.eof && !r.bof) return;
+  r.eof = r.bof = !r.cursor->Rewind();
+  r.position = 0;
 }
 
 void Recordset::MoveNext() {
-  if (eof_) throw NoCurrentRecord();
-  eof_ = !cursor_->Advance();
-  bof_ = false;
-  ++position_;
+  Reader& r = *reader_;
+  if (r.eof) throw NoCurrentRecord();
+  r.eof = !r.cursor->Advance();
+  r.bof = false;
+  ++r.position;
 }
 
 void Recordset::MoveLast() {
   int64_t last = RecordCount() - 1;
   if (last < 0) throw NoCurrentRecord();
-  if (position_ > last || eof_) MoveFirst();
-  while (position_ < last && !eof_) MoveNext();
+  if (reader_->position > last || reader_->eof) MoveFirst();
+  while (reader_->position < last && !reader_->eof) MoveNext();
 }
 
 Variant Recordset::Invoke(std::string_view member, InvokeKind, std::span<const Variant> args) {
@@ -159,8 +179,8 @@ Variant Recordset::Invoke(std::string_view member, InvokeKind, std::span<const V
   if (SameName(member, "MoveNext")) return MoveNext(), Variant();
   if (SameName(member, "MoveFirst")) return MoveFirst(), Variant();
   if (SameName(member, "MoveLast")) return MoveLast(), Variant();
-  if (SameName(member, "EOF")) return eof_;
-  if (SameName(member, "BOF")) return bof_;
+  if (SameName(member, "EOF")) return reader_->eof;
+  if (SameName(member, "BOF")) return reader_->bof;
   throw UnknownMember(TypeName());
 }
 

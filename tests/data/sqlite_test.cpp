@@ -75,6 +75,9 @@ TEST_F(SqliteRecordset, LateBoundMembersAnswerAsAnAdoRecordset) {
             Variant("people"));
   EXPECT_EQ(AsDispatch(rs->Get("Fields", Variant("ID")))->Get("Value"), Variant(1));
   EXPECT_EQ(ErrorCode([&] { rs->Get("Nope"); }), 438);
+  // A field kept after its record set has gone still answers.
+  rs.reset();
+  EXPECT_EQ(who->Get("Value"), Variant("Ann"));
 }
 
 TEST_F(SqliteRecordset, DatabaseErrorsCarryTheDriversMessage) {

@@ -44,28 +44,25 @@ class Recordset : public Dispatch, public std::enable_shared_from_this<Recordset
   Variant Invoke(std::string_view member, InvokeKind kind, std::span<const Variant> args) override;
 
   // The same members for C++ callers.
-  int32_t FieldCount() const { return static_cast<int32_t>(fields_.size()); }
+  int32_t FieldCount() const;
   const FieldInfo& Field(int32_t i);
   const Variant& Value(int32_t field) const;  // error 3021 at EOF or BOF
   int32_t RecordCount();
-  bool IsEOF() const { return eof_; }
+  bool IsEOF() const;
   void MoveFirst();
   void MoveNext();
   void MoveLast();
 
  private:
+  // The cursor and where it stands, shared with the field objects so that a field a host keeps
+  // stays valid after its record set has gone.
+  struct Reader;
   class FieldObject;
   class FieldsObject;
   std::shared_ptr<Dispatch> FieldAt(const Variant& index);
 
-  std::unique_ptr<RowCursor> cursor_;
-  std::vector<FieldInfo> fields_;
+  std::shared_ptr<Reader> reader_;
   std::vector<std::shared_ptr<Dispatch>> fieldObjects_;
-  int64_t position_ = 0;  // 0-based record number; -1 before the first
-  int64_t count_ = -1;    // asked of the driver once
-  bool baseNamesRead_ = false;
-  bool eof_ = false;
-  bool bof_ = false;
 };
 
 }  // namespace quilta::data
