@@ -5,6 +5,7 @@
 #include <memory>
 #include <quilta/cell_object.hpp>
 #include <quilta/combos.hpp>
+#include <quilta/dispatch.hpp>
 #include <quilta/enums.hpp>
 #include <quilta/error.hpp>
 #include <quilta/events.hpp>
@@ -487,6 +488,32 @@ class Quilta {
   // anything else fails with 518, a number outside 1..15 with 514.
   Variant ImageList(uint8_t btList) const;
   void SetImageList(uint8_t btList, const Variant& vImageList);
+  // ---- Data exchange -----------------------------------------------------------------------
+  // The column layout (widths, positions, visibility) and the sort state as text. Reading a
+  // damaged string stops silently; reading LayoutSort sorts the grid again.
+  std::string LayoutCol() const;
+  void SetLayoutCol(std::string_view sLayout);
+  std::string LayoutSort() const;
+  void SetLayoutSort(std::string_view sLayout);
+  // Raw values between existing cells and a 1-D or 2-D array (Variant::Array); cut at the
+  // grid's edge, never growing the grid nor resizing the array.
+  void LoadFromArray(const Variant& vStartRow, const Variant& vStartCol, const Variant& vArray,
+                     bool bColMajorOrder = false);
+  void LoadIntoArray(const Variant& vStartRow, const Variant& vStartCol, Variant& vArray,
+                     bool bColMajorOrder = false) const;
+  // Columns and rows from a late-bound record set. quFillRSRecreateColsOnly: the grid is
+  // cleared and gets one column per field, no rows. quFillRSColsIfEmptyAndRows: columns are
+  // created only when the grid has none, and the rows are replaced by one row per record.
+  // quFillRSAddToExistingRows: records are appended as new rows. Fields fill the columns keyed
+  // by their names (or, when no key matches, the columns in order). vRowKeyField (a field name
+  // or 0-based ordinal) makes that field's values the row keys. Nothing changes on failure.
+  void FillFromRS(const std::shared_ptr<Dispatch>& RS,
+                  EFillFromRSMode eMode = quFillRSColsIfEmptyAndRows,
+                  const Variant& vRowKeyField = Variant::Missing());
+  // The base column and table names a record set reported for a column it filled.
+  std::string ColDataField(const Variant& vCol) const;
+  std::string ColDataTable(const Variant& vCol) const;
+  // (exchange section end)
 
   // ---- Current cell (the part the stores keep in step) ------------------------------------
   int32_t CurRow() const;

@@ -6,6 +6,7 @@
 #include <quilta/quilta.hpp>
 
 #include "edit/editor.hpp"
+#include "exchange/exchange_site.hpp"
 #include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
@@ -169,6 +170,19 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // gets the rest. Each returns whether it took the message.
   bool HeaderMouse(MouseAction action, int16_t button, int16_t shift, Point at);
   void CellsMouse(MouseAction action, int16_t button, int16_t shift, Point at);
+  // ---- Data exchange: layout strings, arrays and record sets.
+  struct ExchangeSite final : exchange::ExchangeSite {
+    explicit ExchangeSite(Control& control) : c(control) {}
+    int32_t Dpi() const override { return c.platform->Dpi(); }
+    void EndEditing() override { c.EndEditing(); }
+    void ColumnTableReplaced() override;
+    void SortMarksChanged() override { c.SortMarksChanged(); }
+    void SortGrid() override;
+    void CellValuesWritten(int32_t firstRow) override;
+    void BeginUpdate() override { c.BeginUpdate(); }
+    void EndUpdate() override { c.EndUpdate(); }
+    Control& c;
+  };
 
   // (subsystem hooks end)
 
@@ -199,6 +213,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   SortGroupObject sortObject;
   SortGroupObject groupObject;
   ops::Criteria groupedBy;
+  ExchangeSite exchangeSite{*this};
   // (subsystem state end)
 };
 

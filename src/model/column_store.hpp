@@ -46,6 +46,10 @@ struct Column {
   bool headerItem = true;
   int32_t startX = 0;
   int32_t visibleIndex = 0;
+  // Where a column filled from a record set takes its values: the base column and table names
+  // the record set reported, so a host can write edits back.
+  std::string dataField;
+  std::string dataTable;
 };
 
 class ColumnStore {

@@ -28,6 +28,9 @@ class Sorter {
   void DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrder,
                      const Variant& vRowStart, const Variant& vRowEnd);
   void SortRowChildNodes(const Variant& vRow);
+  // The range sort over every row by SortObject, with its events, leaving ColSortKey and
+  // ColSortOrder as they are (reading a sort layout has set them already).
+  void SortAll() { RangeSort(0, 0); }
   // A click on a column header: ColHeaderClick, then the default sort unless the host declines.
   void HeaderClicked(int32_t colIndex, int16_t shift);
 

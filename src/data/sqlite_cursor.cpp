@@ -1,0 +1,244 @@
+#include "data/sqlite_cursor.hpp"
+
+#include <algorithm>
+#include <cctype>
+#include <limits>
+#include <quilta/data/sqlite.hpp>
+
+#include "data/date_text.hpp"
+
+namespace quilta::data {
+namespace {
+
+std::string Upper(const char* s) {
+  std::string out = s ? s : "";
+  for (char& c : out) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+  return out;
+}
+
+SqliteCursor::Kind KindOf(const char* declared) {
+  std::string t = Upper(declared);
+  auto has = [&](const char* word) { return t.find(word) != std::string::npos; };
+  if (has("BOOL")) return SqliteCursor::Kind::Boolean;
+  if (has("DATE") || has("TIME")) return SqliteCursor::Kind::Date;
+  if (has("MONEY") || has("CURRENCY")) return SqliteCursor::Kind::Currency;
+  if (has("NUMERIC") || has("DECIMAL")) return SqliteCursor::Kind::Double;
+  return SqliteCursor::Kind::Plain;
+}
+
+Variant Integer(sqlite3_int64 v) {
+  if (v >= std::numeric_limits<int32_t>::min() && v <= std::numeric_limits<int32_t>::max())
+    return Variant(static_cast<int32_t>(v));
+  return Variant(static_cast<int64_t>(v));
+}
+
+std::string_view Text(sqlite3_stmt* s, int i) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(s, i));
+  return {text ? text : "", static_cast<size_t>(sqlite3_column_bytes(s, i))};
+}
+
+Variant PlainValue(sqlite3_stmt* s, int i, int type) {
+  switch (type) {
+    case SQLITE_INTEGER:
+      return Integer(sqlite3_column_int64(s, i));
+    case SQLITE_FLOAT:
+      return sqlite3_column_double(s, i);
+    case SQLITE_NULL:
+      return Variant::Null();
+    case SQLITE_BLOB: {
+      const auto* bytes = static_cast<const char*>(sqlite3_column_blob(s, i));
+      return std::string_view(bytes ? bytes : "", static_cast<size_t>(sqlite3_column_bytes(s, i)));
+    }
+    default:
+      return Text(s, i);
+  }
+}
+
+// SQLite keeps dates as ISO text, Julian day numbers (reals) or Unix seconds (integers).
+Variant DateValue(sqlite3_stmt* s, int i, int type) {
+  constexpr double kJulianDayOfSerialZero = 2415018.5;
+  constexpr double kSerialOf1970 = 25569;
+  if (type == SQLITE_FLOAT)
+    return Variant::Date(sqlite3_column_double(s, i) - kJulianDayOfSerialZero);
+  if (type == SQLITE_INTEGER)
+    return Variant::Date(static_cast<double>(sqlite3_column_int64(s, i)) / 86400.0 + kSerialOf1970);
+  if (type == SQLITE_TEXT) {
+    if (auto serial = DateSerialFromText(Text(s, i))) return Variant::Date(*serial);
+  }
+  return PlainValue(s, i, type);
+}
+
+Variant BooleanValue(sqlite3_stmt* s, int i, int type) {
+  if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return sqlite3_column_double(s, i) != 0;
+  if (type == SQLITE_TEXT) {
+    std::string t = Upper(reinterpret_cast<const char*>(sqlite3_column_text(s, i)));
+    if (t == "TRUE" || t == "T" || t == "1") return true;
+    if (t == "FALSE" || t == "F" || t == "0") return false;
+  }
+  return PlainValue(s, i, type);
+}
+
+Variant ValueOf(sqlite3_stmt* s, int i, SqliteCursor::Kind kind) {
+  int type = sqlite3_column_type(s, i);
+  if (type == SQLITE_NULL) return Variant::Null();
+  switch (kind) {
+    case SqliteCursor::Kind::Boolean:
+      return BooleanValue(s, i, type);
+    case SqliteCursor::Kind::Date:
+      return DateValue(s, i, type);
+    case SqliteCursor::Kind::Double:
+      return type == SQLITE_TEXT ? PlainValue(s, i, type) : Variant(sqlite3_column_double(s, i));
+    case SqliteCursor::Kind::Currency:
+      return type == SQLITE_TEXT ? PlainValue(s, i, type)
+                                 : Variant::Currency(sqlite3_column_double(s, i));
+    default:
+      return PlainValue(s, i, type);
+  }
+}
+
+void Bind(sqlite3_stmt* stmt, sqlite3* db, int i, const Variant& v) {
+  int rc = SQLITE_OK;
+  switch (v.Type()) {
+    case vbEmpty:
+    case vbNull:
+      rc = sqlite3_bind_null(stmt, i);
+      break;
+    case vbBoolean:
+    case vbByte:
+    case vbInteger:
+    case vbLong:
+    case vbLongLong:
+      rc = sqlite3_bind_int64(stmt, i, v.Type() == vbLongLong ? v.LongLongValue() : CLng(v));
+      break;
+    case vbString: {
+      std::string_view s = v.StringView();
+      rc = sqlite3_bind_text(stmt, i, s.data(), static_cast<int>(s.size()), SQLITE_TRANSIENT);
+      break;
+    }
+    default:
+      rc = sqlite3_bind_double(stmt, i, CDbl(v));
+  }
+  if (rc != SQLITE_OK) RaiseSqlite(db, rc);
+}
+
+std::string_view WithoutTrailingSemicolons(std::string_view sql) {
+  while (!sql.empty() &&
+         (std::isspace(static_cast<unsigned char>(sql.back())) || sql.back() == ';'))
+    sql.remove_suffix(1);
+  return sql;
+}
+
+}  // namespace
+
+void RaiseSqlite(sqlite3* db, int rc) {
+  std::string message = db ? sqlite3_errmsg(db) : sqlite3_errstr(rc);
+  throw Error(rc, rc, message, "SQLite");
+}
+
+SqliteConnection::SqliteConnection(const std::string& path) {
+  // A grid and its record sets live on one thread: the connection takes no lock per call.
+  int rc = sqlite3_open_v2(
+      path.c_str(), &db, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX, nullptr);
+  if (rc != SQLITE_OK) {
+    std::string message = db ? sqlite3_errmsg(db) : sqlite3_errstr(rc);
+    sqlite3_close(db);
+    db = nullptr;
+    throw Error(rc, rc, message, "SQLite");
+  }
+}
+
+SqliteConnection::~SqliteConnection() { sqlite3_close(db); }
+
+SqliteStatement::SqliteStatement(std::shared_ptr<SqliteConnection> connection, std::string_view sql,
+                                 const std::vector<Variant>& params)
+    : connection_(std::move(connection)) {
+  int rc = sqlite3_prepare_v2(Db(), sql.data(), static_cast<int>(sql.size()), &stmt_, nullptr);
+  if (rc != SQLITE_OK) RaiseSqlite(Db(), rc);
+  if (!stmt_) throw Error(SQLITE_MISUSE, SQLITE_MISUSE, "The query holds no statement.", "SQLite");
+  for (size_t i = 0; i < params.size(); ++i) {
+    try {
+      Bind(stmt_, Db(), static_cast<int>(i) + 1, params[i]);
+    } catch (...) {
+      sqlite3_finalize(stmt_);
+      throw;
+    }
+  }
+}
+
+SqliteStatement::~SqliteStatement() { sqlite3_finalize(stmt_); }
+
+bool SqliteStatement::Step() {
+  int rc = sqlite3_step(stmt_);
+  if (rc == SQLITE_ROW) return true;
+  if (rc == SQLITE_DONE) return false;
+  RaiseSqlite(Db(), rc);
+}
+
+void SqliteStatement::Reset() { sqlite3_reset(stmt_); }
+
+SqliteCursor::SqliteCursor(std::shared_ptr<SqliteConnection> connection, std::string_view sql,
+                           std::vector<Variant> params)
+    : connection_(connection),
+      sql_(WithoutTrailingSemicolons(sql)),
+      params_(std::move(params)),
+      stmt_(connection, sql_, params_) {
+  sqlite3_stmt* s = stmt_.Handle();
+  int n = sqlite3_column_count(s);
+  for (int i = 0; i < n; ++i) {
+    auto text = [](const char* t) { return std::string(t ? t : ""); };
+    fields_.push_back({text(sqlite3_column_name(s, i)), text(sqlite3_column_origin_name(s, i)),
+                       text(sqlite3_column_table_name(s, i))});
+    kinds_.push_back(KindOf(sqlite3_column_decltype(s, i)));
+  }
+  row_.resize(static_cast<size_t>(n));
+}
+
+int64_t SqliteCursor::Count() {
+  SqliteStatement count(connection_, "SELECT count(*) FROM (" + sql_ + ")", params_);
+  return count.Step() ? sqlite3_column_int64(count.Handle(), 0) : 0;
+}
+
+void SqliteCursor::ReadRow() {
+  sqlite3_stmt* s = stmt_.Handle();
+  for (size_t i = 0; i < row_.size(); ++i) row_[i] = ValueOf(s, static_cast<int>(i), kinds_[i]);
+}
+
+bool SqliteCursor::Rewind() {
+  stmt_.Reset();
+  return Advance();
+}
+
+bool SqliteCursor::Advance() {
+  if (!stmt_.Step()) return false;
+  ReadRow();
+  return true;
+}
+
+// ---- SqliteDatabase ----------------------------------------------------------------------------
+
+struct SqliteDatabase::Connection : SqliteConnection {
+  using SqliteConnection::SqliteConnection;
+};
+
+SqliteDatabase::SqliteDatabase(const std::string& path)
+    : connection_(std::make_shared<Connection>(path)) {}
+
+SqliteDatabase::~SqliteDatabase() = default;
+
+void SqliteDatabase::Execute(std::string_view sql) {
+  char* message = nullptr;
+  int rc = sqlite3_exec(connection_->db, std::string(sql).c_str(), nullptr, nullptr, &message);
+  if (rc == SQLITE_OK) return;
+  std::string text = message ? message : sqlite3_errstr(rc);
+  sqlite3_free(message);
+  throw Error(rc, rc, text, "SQLite");
+}
+
+std::shared_ptr<Recordset> SqliteDatabase::Query(std::string_view sql,
+                                                 const std::vector<Variant>& params) {
+  return std::make_shared<Recordset>(std::make_unique<SqliteCursor>(connection_, sql, params));
+}
+
+sqlite3* SqliteDatabase::Handle() const { return connection_->db; }
+
+}  // namespace quilta::data
