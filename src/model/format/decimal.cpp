@@ -140,7 +140,9 @@ Decimal Decimal::FromScaled(uint64_t value, int decimals) {
 Decimal Decimal::FromDouble(double value, int significantDigits) {
   if (!(value > 0)) return Decimal();
   // Whole numbers that fit the digits need no rounding: the common case in a grid.
-  if (significantDigits >= 15 && value < 1e15 &&
+  const bool digitsInRange =
+      significantDigits >= 1 && significantDigits < static_cast<int>(kPowersOf10.size());
+  if (digitsInRange && value < static_cast<double>(kPowersOf10[significantDigits]) &&
       value == static_cast<double>(static_cast<uint64_t>(value)))
     return FromUnsigned(static_cast<uint64_t>(value));
   // to_chars rounds an exact half to even; the grid's numbers round it away from zero.
