@@ -62,30 +62,23 @@ bool IsExactHalf(double value, int digits, uint64_t& halfway, int& power) {
   return true;
 }
 
-// Reads the output of to_chars in scientific form, "d.ddde+XX", into a Decimal.
+// Reads the output of to_chars in scientific form, "d.ddde+XX", into a Decimal. The first digit
+// of a positive value is never 0.
 Decimal FromScientificText(const char* first, const char* last) {
   Decimal d;
   const char* p = first;
   for (; p != last && *p != 'e'; ++p) {
-    if (*p >= '0' && *p <= '9' && d.count < Decimal::kCapacity)
-      d.digits[d.count++] = static_cast<uint8_t>(*p - '0');
+    const unsigned digit = static_cast<unsigned char>(*p) - '0';
+    if (digit < 10 && d.count < Decimal::kCapacity)
+      d.digits[d.count++] = static_cast<uint8_t>(digit);
   }
+  if (d.count == 0 || d.digits[0] == 0) return Decimal();
   int exponent = 0;
-  if (p != last) {
-    ++p;
-    if (p != last && *p == '+') ++p;
-    std::from_chars(p, last, exponent);
-  }
-  int lead = 0;
-  while (lead < d.count && d.digits[lead] == 0) ++lead;
-  if (lead == d.count) return Decimal();
-  d.pointPos = exponent + 1;
-  if (lead > 0) {  // only for a zero mantissa, which the callers exclude; kept for safety
-    for (int i = lead; i < d.count; ++i) d.digits[i - lead] = d.digits[i];
-    d.count -= lead;
-    d.pointPos -= lead;
-  }
-  while (d.count > 0 && d.digits[d.count - 1] == 0) --d.count;
+  const bool negative = last - p > 1 && p[1] == '-';
+  if (last - p > 2)  // "e", the sign, then the digits
+    for (p += 2; p != last; ++p) exponent = exponent * 10 + (*p - '0');
+  d.pointPos = (negative ? -exponent : exponent) + 1;
+  while (d.digits[d.count - 1] == 0) --d.count;
   return d;
 }
 
