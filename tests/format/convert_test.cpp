@@ -92,7 +92,7 @@ TEST(ConvertText, PlainConversionOfNumbers) {
   EXPECT_EQ(CStr(Variant(999999999999999.0)), "999999999999999");
   EXPECT_EQ(CStr(Variant(9999999999999999.0)), "1E+16");
   EXPECT_EQ(CStr(Variant(-1.234e16)), "-1.234E+16");
-  EXPECT_EQ(CStr(Variant(1e-5)), "1E-05");
+  EXPECT_EQ(CStr(Variant(1e-5)), "0.00001");
   EXPECT_EQ(CStr(Variant(1.5e-300)), "1.5E-300");
   EXPECT_EQ(CStr(Variant(0.0001)), "0.0001");
   EXPECT_EQ(CStr(Variant(3.14159274f)), "3.141593");

@@ -30,7 +30,8 @@ struct Decimal {
   static Decimal FromUnsigned(uint64_t value);
   // value / 10^decimals, exactly.
   static Decimal FromScaled(uint64_t value, int decimals);
-  // A finite, non-negative double rounded to the given number of significant digits.
+  // A finite, non-negative double rounded from its exact binary value to the given number of
+  // significant digits, an exact half away from zero.
   static Decimal FromDouble(double value, int significantDigits);
   static Decimal FromFloat(float value, int significantDigits);
 

@@ -42,7 +42,8 @@ void AppendDecimal(const Decimal& d, bool negative, int significantDigits, std::
   }
   if (negative) out.push_back('-');
   const int64_t exponent = d.pointPos - 1;
-  if (exponent >= significantDigits || exponent < -4) {
+  const int64_t decimals = d.count - d.pointPos;
+  if (exponent >= significantDigits || decimals > significantDigits) {
     AppendDigits(d, 0, 1, out);
     if (d.count > 1) {
       out.push_back('.');

@@ -12,13 +12,15 @@ inline constexpr int kDoubleDigits = 15;
 inline constexpr int kSingleDigits = 7;
 
 void AppendInteger(int64_t value, std::string& out);
-// Rounded to 15 significant digits; scientific from exponent 15 up or below -4.
+// Rounded to 15 significant digits, an exact half away from zero; scientific from exponent 15
+// up, and for small numbers whose digits would need more than 15 places after the point.
 void AppendDouble(double value, std::string& out);
-// As AppendDouble with 7 significant digits.
+// As AppendDouble with 7 significant digits and 7 places.
 void AppendSingle(float value, std::string& out);
 // Up to four decimals, trailing zeros dropped.
 void AppendCurrency(int64_t scaled, std::string& out);
-// Digits already rounded to `significantDigits`, written plain or in scientific form.
+// Digits already rounded to `significantDigits`, written plain or in scientific form; the
+// same count bounds the places after the point in plain form.
 void AppendDecimal(const Decimal& d, bool negative, int significantDigits, std::string& out);
 // The classic spelling of infinities and NaN.
 void AppendNonFinite(double value, std::string& out);
