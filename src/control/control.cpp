@@ -70,9 +70,11 @@ void Control::ColumnsRemoved(int32_t index, int32_t count) {
 
 void Control::RowsInserted(int32_t row, int32_t count) {
   if (curRow >= row) curRow += count;
+  grouping.RowsInserted(row, count);
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
+  grouping.RowsRemoving(row, count);
   // A current row strictly inside the removed block moves to current row - count, before the
   // block: the grid has always done so and hosts rely on it.
   if (curRow > row) {
@@ -84,6 +86,7 @@ void Control::RowsRemoved(int32_t row, int32_t count) {
 }
 
 void Control::RowsCleared(bool columnsToo) {
+  grouping.RowsCleared();
   if (columnsToo) geometry.SetHScrollPos(0);
   SetCurrentCell(0, 0);
 }

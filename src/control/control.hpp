@@ -13,6 +13,7 @@
 #include "model/control_properties.hpp"
 #include "model/grid_store.hpp"
 #include "model/store_listener.hpp"
+#include "ops/grouping/grouper.hpp"
 #include "ops/sorting/sort_group_access.hpp"
 
 namespace quilta::control {
@@ -110,6 +111,21 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
   void Regroup();
 
+  // ---- Grouping: what it asks of the control.
+  struct GroupingSite final : ops::GroupingSite {
+    explicit GroupingSite(Control& control) : c(control) {}
+    void EndEditing() override { c.EndEditing(); }
+    void SortForGrouping(const ops::Criteria& criteria) override;
+    void SortCriteriaChanged() override;
+    void CustomGroupValue(int32_t row, int32_t col, Variant& value, std::string& text) override;
+    std::string CellText(int32_t row, int32_t col) override { return c.CellText(row, col); }
+    int32_t CurrentRowPhys() override;
+    void SetCurrentRowPhys(int32_t phys) override;
+    void RowsRelaidOut() override { c.RelayoutAll(); }
+    void RequestRedraw() override { c.RequestRedraw(); }
+    Control& c;
+  };
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -128,11 +144,11 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   CombosObject combos;
   int32_t dynamicContentEvents = quDCEventNone;
   GeometrySite geometrySite{*this};
-  // Sorting and grouping criteria. groupedBy holds the criteria the grid is currently grouped by;
-  // grouping does not build group rows yet, so it stays empty and the grid is never grouped.
+  // Sorting and grouping criteria; grouping keeps the criteria the grid is currently grouped by.
   SortGroupObject sortObject;
   SortGroupObject groupObject;
-  ops::Criteria groupedBy;
+  GroupingSite groupingSite{*this};
+  ops::Grouper grouping{store, props, *resources, groupObject, sortObject, groupingSite};
   // (subsystem state end)
 };
 

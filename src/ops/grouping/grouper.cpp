@@ -1,0 +1,550 @@
+#include "ops/grouping/grouper.hpp"
+
+#include <algorithm>
+#include <quilta/error.hpp>
+
+#include "model/cell_object_access.hpp"
+#include "model/cell_resources.hpp"
+#include "model/control_properties.hpp"
+#include "model/format/compiled_format.hpp"
+#include "model/grid_store.hpp"
+#include "model/text/text.hpp"
+#include "ops/sorting/cell_compare.hpp"
+
+namespace quilta::ops {
+namespace {
+
+using model::RowRecord;
+
+constexpr uint8_t kLevelLimit = 255;
+
+const char* FuncName(EAggrFuncs func) {
+  switch (func) {
+    case quAggrCount:
+      return "Count";
+    case quAggrSum:
+      return "Sum";
+    case quAggrAvg:
+      return "Average";
+    case quAggrMin:
+      return "Min";
+    case quAggrMax:
+      return "Max";
+    case quAggrFirst:
+      return "First";
+    case quAggrLast:
+      return "Last";
+    case quAggrCountDistinct:
+      return "Distinct count";
+  }
+  return "";
+}
+
+bool Skipped(const Variant& v) { return v.IsNull() || v.IsEmpty(); }
+
+bool KeptByAccumulator(EAggrFuncs func) { return func != quAggrFirst && func != quAggrLast; }
+
+}  // namespace
+
+Grouper::Grouper(model::GridStore& store, const model::ControlProperties& props,
+                 const model::CellResources& resources, SortGroupObject& groupObject,
+                 SortGroupObject& sortObject, GroupingSite& site)
+    : store_(store),
+      props_(props),
+      resources_(resources),
+      groupObject_(groupObject),
+      sortObject_(sortObject),
+      site_(site),
+      groupedBy_(SortGroupAccess::Make(store)),
+      aggrFuncs_(AggrFuncsAccess::Make(store, *this)) {}
+
+// ---- Grouping and ungrouping --------------------------------------------------------------
+
+void Grouper::CheckCriteria(const Criteria& criteria) const {
+  for (const Criterion& k : criteria)
+    if (k.col < 1 || k.col > store_.ColCount()) throw Error::FromCode(quErrSubscriptOutOfRange);
+  // Data rows keep their own nesting one level below the innermost groups.
+  int depth = static_cast<int>(GroupedBy().size());
+  int deepest = 0;
+  for (int32_t r = 1; r <= store_.RowCount(); ++r)
+    if (GroupIdOfRow(r) < 0) deepest = std::max(deepest, store_.Rows().At(r).level - depth);
+  if (deepest + static_cast<int>(criteria.size()) > kLevelLimit)
+    throw Error::FromCode(quErrInvalidHierarchy);
+}
+
+void Grouper::Group() {
+  Criteria wanted = SortGroupAccess::Items(groupObject_);
+  CheckCriteria(wanted);
+  site_.EndEditing();
+  int32_t current = site_.CurrentRowPhys();
+  Criteria rest = SortCriteriaAfterGroups();
+  building_ = true;
+  try {
+    RemoveGroupRows();
+    SortGroupAccess::Items(groupedBy_) = wanted;
+    if (!wanted.empty()) {
+      if (props_.Bool(model::Prop::AllowSorting)) {
+        Criteria all = wanted;
+        all.insert(all.end(), rest.begin(), rest.end());
+        site_.SortForGrouping(all);
+        SortGroupAccess::Items(sortObject_) = std::move(all);
+        site_.SortCriteriaChanged();
+      }
+      BuildGroupRows();
+    }
+  } catch (...) {
+    building_ = false;
+    throw;
+  }
+  building_ = false;
+  ShowRowsUnderExpandedParents();
+  Recount();
+  site_.SetCurrentRowPhys(current);
+  site_.RowsRelaidOut();
+}
+
+void Grouper::Ungroup() {
+  if (!Grouped() && groups_.empty()) return;
+  site_.EndEditing();
+  int32_t current = site_.CurrentRowPhys();
+  RemoveGroupRows();
+  ShowRowsUnderExpandedParents();
+  site_.SetCurrentRowPhys(current);
+  site_.RowsRelaidOut();
+}
+
+// SortObject of a grouped grid starts with the group criteria; the sort criteria follow them.
+Criteria Grouper::SortCriteriaAfterGroups() const {
+  const Criteria& sort = SortGroupAccess::Items(sortObject_);
+  size_t prefix = 0;
+  while (prefix < sort.size() && prefix < GroupedBy().size() &&
+         sort[prefix].col == GroupedBy()[prefix].col)
+    ++prefix;
+  return Criteria(sort.begin() + static_cast<std::ptrdiff_t>(prefix), sort.end());
+}
+
+void Grouper::RemoveGroupRows() {
+  auto depth = static_cast<uint8_t>(GroupedBy().size());
+  std::vector<uint8_t> marked(static_cast<size_t>(store_.Rows().PhysHighWater()) + 1, 0);
+  bool any = false;
+  for (const GroupState& g : groups_)
+    if (g.alive) marked[static_cast<size_t>(g.phys)] = 1, any = true;
+  if (any) store_.DropRowsOfPhys(marked);
+  for (RowRecord& rec : store_.Rows().Records())
+    rec.level = rec.level >= depth ? static_cast<uint8_t>(rec.level - depth) : 0;
+  groups_.clear();
+  groupOfPhys_.clear();
+  watched_.clear();
+  SortGroupAccess::Items(groupedBy_).clear();
+}
+
+// Top-level data rows are compared with the one before them, level by level: where the first
+// group value differs, a group row is opened for that level and every level below it.
+void Grouper::BuildGroupRows() {
+  const Criteria& criteria = GroupedBy();
+  size_t depth = criteria.size();
+  model::RowStore& rows = store_.Rows();
+  std::vector<model::GridStore::NewRow> added;
+  std::vector<Variant> values(depth), previous(depth);
+  std::vector<std::string> texts(depth);
+  std::vector<int32_t> openAt(depth, -1);  // the newest group of each level
+  bool expanded = props_.Bool(model::Prop::DefaultAutoGroupRowExpanded);
+  bool first = true;
+  for (int32_t r = 1; r <= rows.Count(); ++r) {
+    if (rows.At(r).level != 0) continue;  // nested data rows stay with their parent
+    for (size_t k = 0; k < depth; ++k) {
+      texts[k].clear();
+      values[k] = GroupValueOf(r, criteria[k], texts[k]);
+    }
+    size_t opened = depth;
+    for (size_t k = 0; k < depth && opened == depth; ++k)
+      if (first || !SameGroup(criteria[k], values[k], previous[k])) opened = k;
+    first = false;
+    for (size_t k = opened; k < depth; ++k) {
+      RowRecord rec{};
+      rec.height = store_.Defaults().height;
+      rec.normalCellHeight = store_.Defaults().normalCellHeight;
+      rec.level = static_cast<uint8_t>(k);
+      rec.flags =
+          static_cast<uint8_t>(quRowTreeButtonVisible | RowRecord::kVisible | RowRecord::kGroupRow |
+                               RowRecord::kVisibleAsChild | (expanded ? RowRecord::kExpanded : 0));
+      added.push_back({r, rec});
+      GroupState g;
+      g.parent = k == 0 ? -1 : openAt[k - 1];
+      g.level = static_cast<uint8_t>(k);
+      g.value = values[k];
+      g.valueText = texts[k].empty() ? FormatForColumn(criteria[k].col, values[k]) : texts[k];
+      openAt[k] = static_cast<int32_t>(groups_.size());
+      groups_.push_back(std::move(g));
+    }
+    std::swap(previous, values);
+  }
+  std::vector<int32_t> phys = store_.InsertRowsAt(added);
+  EnsurePhysCapacity();
+  for (size_t id = 0; id < groups_.size(); ++id) {
+    groups_[id].phys = phys[id];
+    groupOfPhys_[static_cast<size_t>(phys[id])] = static_cast<int32_t>(id) + 1;
+  }
+  for (RowRecord& rec : rows.Records())
+    if (groupOfPhys_[static_cast<size_t>(rec.phys)] == 0)
+      rec.level = static_cast<uint8_t>(rec.level + depth);
+}
+
+Variant Grouper::GroupValueOf(int32_t row, const Criterion& k, std::string& text) {
+  switch (KindOf(k.type)) {
+    case SortKind::CustomGroups: {
+      Variant value = store_.CellAt(row, k.col).value;
+      site_.CustomGroupValue(row, k.col, value, text);
+      return value;
+    }
+    case SortKind::CellText:
+      return Variant(site_.CellText(row, k.col));
+    default:
+      return store_.CellAt(row, k.col).value;
+  }
+}
+
+// Group values are equal as the criterion's sort type compares them; the types that compare
+// cell properties other than the value group by the value.
+bool Grouper::SameGroup(const Criterion& k, const Variant& a, const Variant& b) const {
+  switch (KindOf(k.type)) {
+    case SortKind::ValueText: {
+      int nulls = CompareNulls(a.IsNull(), b.IsNull());
+      if (nulls != 2) return nulls == 0;
+      return CompareText(CStr(a), CStr(b), NoCase(k.type)) == 0;
+    }
+    case SortKind::CellText:
+      return CompareText(a.StringView(), b.StringView(), NoCase(k.type)) == 0;
+    default:
+      return CompareGeneral(a, b) == 0;
+  }
+}
+
+std::string Grouper::FormatForColumn(int32_t col, const Variant& value) const {
+  std::string text;
+  if (value.IsObject() || value.IsArray() || value.IsMissing()) return text;
+  const model::Column& column = store_.Cols().AtIndex(col);
+  uint8_t fmt =
+      column.defaultCell ? model::CellObjectAccess::Record(*column.defaultCell).fmtString : 0;
+  if (fmt) {
+    resources_.formats.Compiled(fmt).AppendTo(value, text);
+  } else {
+    static const fmt::CompiledFormat kPlain;
+    kPlain.AppendTo(value, text);
+  }
+  return text;
+}
+
+// Children show exactly when every row above them in the tree is expanded.
+void Grouper::ShowRowsUnderExpandedParents() {
+  struct Open {
+    uint8_t level;
+    bool childrenShown;
+  };
+  std::vector<Open> stack;
+  for (RowRecord& rec : store_.Rows().Records()) {
+    while (!stack.empty() && stack.back().level >= rec.level) stack.pop_back();
+    bool shown = stack.empty() || stack.back().childrenShown;
+    rec.flags = static_cast<uint8_t>(shown ? rec.flags | RowRecord::kVisibleAsChild
+                                           : rec.flags & ~RowRecord::kVisibleAsChild);
+    stack.push_back({rec.level, shown && rec.Expanded()});
+  }
+  store_.RecountShownRows();
+}
+
+// ---- Membership and aggregates -------------------------------------------------------------
+
+int32_t Grouper::GroupIdOfRow(int32_t row) const {
+  if (row < 1 || row > store_.RowCount()) return -1;
+  const RowRecord& rec = store_.Rows().At(row);
+  if (!rec.GroupRow() || static_cast<size_t>(rec.phys) >= groupOfPhys_.size()) return -1;
+  int32_t id = groupOfPhys_[static_cast<size_t>(rec.phys)] - 1;
+  return id >= 0 && groups_[static_cast<size_t>(id)].phys == rec.phys ? id : -1;
+}
+
+int32_t Grouper::CheckedGroupId(int32_t row) const {
+  int32_t id = GroupIdOfRow(row);
+  if (id < 0) throw Error::FromCode(quErrInvalidArgument);
+  return id;
+}
+
+void Grouper::EnsurePhysCapacity() {
+  auto needed = static_cast<size_t>(store_.Rows().PhysHighWater()) + 1;
+  if (groupOfPhys_.size() < needed) groupOfPhys_.resize(needed, 0);
+}
+
+void Grouper::ResetAggregates(GroupState& g) const {
+  g.dataRows = 0;
+  g.aggr.clear();
+  for (const AggrItem& item : Items()) g.aggr.emplace_back(item.func);
+}
+
+// Reads every group's membership from the rows: a data row belongs to the innermost group row
+// above it in the tree.
+void Grouper::Recount() {
+  EnsurePhysCapacity();
+  RebuildWatched();
+  for (GroupState& g : groups_) ResetAggregates(g);
+  struct Open {
+    uint8_t level;
+    int32_t group;
+  };
+  std::vector<Open> stack;
+  for (int32_t r = 1; r <= store_.RowCount(); ++r) {
+    const RowRecord& rec = store_.Rows().At(r);
+    while (!stack.empty() && stack.back().level >= rec.level) stack.pop_back();
+    int32_t id = GroupIdOfRow(r);
+    if (id >= 0) {
+      stack.push_back({rec.level, id});
+      continue;
+    }
+    int32_t inner = stack.empty() ? -1 : stack.back().group;
+    groupOfPhys_[static_cast<size_t>(rec.phys)] = inner + 1;
+    if (inner >= 0) CountRowIn(rec.phys, inner, +1);
+  }
+  for (size_t id = 0; id < groups_.size(); ++id)
+    if (groups_[id].alive) RefreshText(static_cast<int32_t>(id));
+}
+
+void Grouper::CountRowIn(int32_t phys, int32_t group, int sign) {
+  const std::vector<AggrItem>& items = Items();
+  for (int32_t g = group; g >= 0; g = groups_[static_cast<size_t>(g)].parent) {
+    GroupState& state = groups_[static_cast<size_t>(g)];
+    state.dataRows += sign;
+    for (size_t i = 0; i < items.size(); ++i) {
+      if (!KeptByAccumulator(items[i].func)) continue;
+      const Variant& v = store_.Cells().Get(items[i].col, phys).value;
+      if (sign > 0) {
+        state.aggr[i].Add(v);
+      } else {
+        state.aggr[i].Remove(v);
+      }
+    }
+  }
+}
+
+void Grouper::RebuildWatched() {
+  watched_.assign(static_cast<size_t>(store_.Cols().RowTextCol()) + 1, 0);
+  if (!Grouped()) return;
+  for (const AggrItem& item : Items())
+    if (static_cast<size_t>(item.col) < watched_.size())
+      watched_[static_cast<size_t>(item.col)] = 1;
+}
+
+void Grouper::CellValueChanged(int32_t phys, int32_t col, const Variant& before,
+                               const Variant& now) {
+  if (static_cast<size_t>(phys) >= groupOfPhys_.size()) return;
+  int32_t group = groupOfPhys_[static_cast<size_t>(phys)] - 1;
+  if (group < 0 || groups_[static_cast<size_t>(group)].phys == phys) return;
+  const std::vector<AggrItem>& items = Items();
+  for (int32_t g = group; g >= 0; g = groups_[static_cast<size_t>(g)].parent) {
+    GroupState& state = groups_[static_cast<size_t>(g)];
+    for (size_t i = 0; i < items.size(); ++i) {
+      if (items[i].col != col || !KeptByAccumulator(items[i].func)) continue;
+      state.aggr[i].Remove(before);
+      state.aggr[i].Add(now);
+    }
+  }
+  RefreshChain(group);
+}
+
+// The innermost group above a new row, found through the tree above it.
+int32_t Grouper::InnermostGroupAbove(int32_t row) const {
+  uint8_t below = store_.Rows().At(row).level;
+  for (int32_t r = row - 1; r >= 1 && below > 0; --r) {
+    const RowRecord& rec = store_.Rows().At(r);
+    if (rec.level >= below) continue;
+    int32_t id = GroupIdOfRow(r);
+    if (id >= 0) return id;
+    below = rec.level;
+  }
+  return -1;
+}
+
+void Grouper::RowsInserted(int32_t row, int32_t count) {
+  if (!Grouped() || building_) return;
+  EnsurePhysCapacity();
+  int32_t group = InnermostGroupAbove(row);
+  for (int32_t r = row; r < row + count; ++r) {
+    int32_t phys = store_.Rows().At(r).phys;
+    groupOfPhys_[static_cast<size_t>(phys)] = group + 1;
+    if (group >= 0) CountRowIn(phys, group, +1);
+  }
+  if (group >= 0) RefreshChain(group);
+}
+
+void Grouper::RowsRemoving(int32_t row, int32_t count) {
+  if (!Grouped() || building_) return;
+  for (int32_t r = row; r < row + count; ++r) {
+    int32_t phys = store_.Rows().At(r).phys;
+    if (static_cast<size_t>(phys) >= groupOfPhys_.size()) continue;
+    int32_t group = groupOfPhys_[static_cast<size_t>(phys)] - 1;
+    groupOfPhys_[static_cast<size_t>(phys)] = 0;
+    if (group < 0) continue;
+    GroupState& g = groups_[static_cast<size_t>(group)];
+    if (g.phys == phys) {
+      g.alive = false;
+      continue;
+    }
+    CountRowIn(phys, group, -1);
+    touched_.push_back(group);
+  }
+}
+
+// The texts wait until the rows are gone: a minimum or maximum looked for again must not find
+// them.
+void Grouper::RowsRemoved() {
+  std::vector<int32_t> touched;
+  touched.swap(touched_);
+  if (!Grouped()) return;
+  std::sort(touched.begin(), touched.end());
+  touched.erase(std::unique(touched.begin(), touched.end()), touched.end());
+  for (int32_t group : touched) RefreshChain(group);
+  for (;;) {
+    int32_t empty = -1;
+    for (size_t id = 0; id < groups_.size() && empty < 0; ++id) {
+      const GroupState& g = groups_[id];
+      bool parentKept = g.parent < 0 || groups_[static_cast<size_t>(g.parent)].dataRows > 0;
+      if (g.alive && g.dataRows == 0 && parentKept) empty = static_cast<int32_t>(id);
+    }
+    if (empty < 0) return;
+    int32_t row = GroupRowOf(groups_[static_cast<size_t>(empty)]);
+    if (row == 0) return;
+    store_.RemoveRows(Variant(row), 1);
+    if (!Grouped()) return;  // that was the last row: the grid was cleared
+  }
+}
+
+void Grouper::RowsCleared() {
+  touched_.clear();
+  groups_.clear();
+  groupOfPhys_.clear();
+  watched_.clear();
+  if (!building_) SortGroupAccess::Items(groupedBy_).clear();
+}
+
+void Grouper::RowsRearranged() {
+  if (Grouped() && !building_) Recount();
+}
+
+void Grouper::AggrFuncsChanged() {
+  if (Grouped()) Recount();
+}
+
+// ---- Texts and results ---------------------------------------------------------------------
+
+void Grouper::RefreshChain(int32_t group) {
+  for (int32_t g = group; g >= 0; g = groups_[static_cast<size_t>(g)].parent)
+    if (groups_[static_cast<size_t>(g)].alive) RefreshText(g);
+  site_.RequestRedraw();
+}
+
+// The group row shows its text and then each aggregate, in its row-text cell.
+void Grouper::RefreshText(int32_t group) {
+  GroupState& g = groups_[static_cast<size_t>(group)];
+  std::string line;
+  {
+    const Criterion& k = GroupedBy()[g.level];
+    if (props_.Bool(model::Prop::PrefixGroupValues))
+      line = store_.Cols().AtIndex(k.col).headerText + ": ";
+    line += g.valueText + " (" + std::to_string(g.dataRows) + ")";
+  }
+  const std::vector<AggrItem>& items = Items();
+  for (size_t i = 0; i < items.size(); ++i) {
+    line += ", ";
+    line += FuncName(items[i].func);
+    line += " of " + store_.Cols().AtIndex(items[i].col).headerText + ": ";
+    line += ResultText(group, i);
+  }
+  int32_t textCol = store_.Cols().RowTextCol();
+  model::Cell& cell = store_.Cells().Mutable(textCol, g.phys);
+  cell.value = Variant(std::move(line));
+  store_.Cells().Column(textCol).NoteRefs(cell);
+}
+
+int32_t Grouper::GroupRowOf(const GroupState& g) const {
+  return g.alive ? store_.Rows().RowOfPhys(g.phys) : 0;
+}
+
+Variant Grouper::FirstOrLast(const GroupState& g, int32_t col, bool last) const {
+  int32_t row = GroupRowOf(g);
+  if (row == 0) return Variant::Null();
+  int32_t end = store_.LastNested(row);
+  for (int32_t i = 0; i < end - row; ++i) {
+    int32_t r = last ? end - i : row + 1 + i;
+    if (store_.Rows().At(r).GroupRow()) continue;
+    const Variant& v = store_.CellAt(r, col).value;
+    if (!Skipped(v)) return v;
+  }
+  return Variant::Null();
+}
+
+// A minimum or maximum that left its group is found again among the group's rows.
+void Grouper::Rescan(GroupState& g, size_t item) {
+  Accumulator& acc = g.aggr[item];
+  acc.Reset();
+  int32_t row = GroupRowOf(g);
+  if (row == 0) return;
+  int32_t end = store_.LastNested(row);
+  int32_t col = Items()[item].col;
+  for (int32_t r = row + 1; r <= end; ++r)
+    if (GroupIdOfRow(r) < 0) acc.Add(store_.CellAt(r, col).value);
+}
+
+Variant Grouper::Result(int32_t group, size_t item) {
+  GroupState& g = groups_[static_cast<size_t>(group)];
+  const AggrItem& spec = Items()[item];
+  if (!KeptByAccumulator(spec.func)) return FirstOrLast(g, spec.col, spec.func == quAggrLast);
+  if (g.aggr[item].Stale()) Rescan(g, item);
+  return g.aggr[item].Result();
+}
+
+std::string Grouper::ResultText(int32_t group, size_t item) {
+  const AggrItem& spec = Items()[item];
+  Variant value;
+  try {
+    value = Result(group, item);
+  } catch (const Error&) {
+    return "#Error";
+  }
+  if (value.IsNull()) return std::string();
+  if (!spec.fmt.empty()) return Format(value, spec.fmt);
+  if (spec.func == quAggrCount || spec.func == quAggrCountDistinct) return CStr(value);
+  return FormatForColumn(spec.col, value);
+}
+
+// ---- Queries -------------------------------------------------------------------------------
+
+int32_t Grouper::GroupCol(int32_t row) const {
+  return GroupedBy()[groups_[static_cast<size_t>(CheckedGroupId(row))].level].col;
+}
+
+Variant Grouper::GroupValue(int32_t row) const {
+  return groups_[static_cast<size_t>(CheckedGroupId(row))].value;
+}
+
+int32_t Grouper::GroupDataRowCount(int32_t row) const {
+  return groups_[static_cast<size_t>(CheckedGroupId(row))].dataRows;
+}
+
+std::string Grouper::GroupText(int32_t row) const {
+  const GroupState& g = groups_[static_cast<size_t>(CheckedGroupId(row))];
+  std::string text;
+  if (props_.Bool(model::Prop::PrefixGroupValues))
+    text = store_.Cols().AtIndex(GroupedBy()[g.level].col).headerText + ": ";
+  return text + g.valueText + " (" + std::to_string(g.dataRows) + ")";
+}
+
+Variant Grouper::AggrValue(int32_t row, int32_t lIndex) {
+  int32_t id = CheckedGroupId(row);
+  if (lIndex < 1 || lIndex > aggrFuncs_.Count()) throw Error::FromCode(quErrInvalidArgument);
+  return Result(id, static_cast<size_t>(lIndex - 1));
+}
+
+std::string Grouper::AggrText(int32_t row, int32_t lIndex) {
+  int32_t id = CheckedGroupId(row);
+  if (lIndex < 1 || lIndex > aggrFuncs_.Count()) throw Error::FromCode(quErrInvalidArgument);
+  return ResultText(id, static_cast<size_t>(lIndex - 1));
+}
+
+}  // namespace quilta::ops
