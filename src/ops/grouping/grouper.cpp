@@ -150,7 +150,11 @@ void Grouper::BuildGroupRows() {
   std::vector<int32_t> openAt(depth, -1);  // the newest group of each level
   bool expanded = props_.Bool(model::Prop::DefaultAutoGroupRowExpanded);
   bool first = true;
+  constexpr int32_t kAhead = 16;  // rows read ahead: their cells lie scattered after the sort
   for (int32_t r = 1; r <= rows.Count(); ++r) {
+    if (r + kAhead <= rows.Count())
+      for (const Criterion& k : criteria)
+        __builtin_prefetch(&store_.Cells().Get(k.col, rows.At(r + kAhead).phys));
     if (rows.At(r).level != 0) continue;  // nested data rows stay with their parent
     for (size_t k = 0; k < depth; ++k) {
       texts[k].clear();
@@ -280,30 +284,51 @@ void Grouper::ResetAggregates(GroupState& g) const {
 }
 
 // Reads every group's membership from the rows: a data row belongs to the innermost group row
-// above it in the tree.
+// above it in the tree. The values are then added in physical-row order, the order the cells lie
+// in memory, which after a sort is far faster than reading them row by row.
 void Grouper::Recount() {
-  EnsurePhysCapacity();
+  groupOfPhys_.assign(static_cast<size_t>(store_.Rows().PhysHighWater()) + 1, 0);
+  for (size_t id = 0; id < groups_.size(); ++id) {
+    GroupState& g = groups_[id];
+    ResetAggregates(g);
+    if (g.alive) groupOfPhys_[static_cast<size_t>(g.phys)] = static_cast<int32_t>(id) + 1;
+  }
   RebuildWatched();
-  for (GroupState& g : groups_) ResetAggregates(g);
   struct Open {
     uint8_t level;
     int32_t group;
   };
   std::vector<Open> stack;
-  for (int32_t r = 1; r <= store_.RowCount(); ++r) {
-    const RowRecord& rec = store_.Rows().At(r);
+  for (const RowRecord& rec : store_.Rows().Records()) {
     while (!stack.empty() && stack.back().level >= rec.level) stack.pop_back();
-    int32_t id = GroupIdOfRow(r);
-    if (id >= 0) {
-      stack.push_back({rec.level, id});
+    int32_t& slot = groupOfPhys_[static_cast<size_t>(rec.phys)];
+    if (rec.GroupRow() && slot > 0) {
+      stack.push_back({rec.level, slot - 1});
       continue;
     }
-    int32_t inner = stack.empty() ? -1 : stack.back().group;
-    groupOfPhys_[static_cast<size_t>(rec.phys)] = inner + 1;
-    if (inner >= 0) CountRowIn(rec.phys, inner, +1);
+    slot = stack.empty() ? 0 : stack.back().group + 1;
+    for (int32_t g = slot - 1; g >= 0; g = groups_[static_cast<size_t>(g)].parent)
+      ++groups_[static_cast<size_t>(g)].dataRows;
   }
+  AddValuesInPhysicalOrder();
   for (size_t id = 0; id < groups_.size(); ++id)
     if (groups_[id].alive) RefreshText(static_cast<int32_t>(id));
+}
+
+void Grouper::AddValuesInPhysicalOrder() {
+  const std::vector<AggrItem>& items = Items();
+  for (size_t i = 0; i < items.size(); ++i) {
+    if (!KeptByAccumulator(items[i].func)) continue;
+    const model::CellColumn& column = store_.Cells().Column(items[i].col);
+    for (size_t phys = 1; phys < groupOfPhys_.size(); ++phys) {
+      int32_t group = groupOfPhys_[phys] - 1;
+      if (group < 0 || groups_[static_cast<size_t>(group)].phys == static_cast<int32_t>(phys))
+        continue;
+      const Variant& v = column.Get(static_cast<int32_t>(phys)).value;
+      for (int32_t g = group; g >= 0; g = groups_[static_cast<size_t>(g)].parent)
+        groups_[static_cast<size_t>(g)].aggr[i].Add(v);
+    }
+  }
 }
 
 void Grouper::CountRowIn(int32_t phys, int32_t group, int sign) {

@@ -102,6 +102,7 @@ class Grouper final : public AggrFuncsListener {
   std::string FormatForColumn(int32_t col, const Variant& value) const;
   void ShowRowsUnderExpandedParents();
   void Recount();
+  void AddValuesInPhysicalOrder();
   void ResetAggregates(GroupState& g) const;
   void CountRowIn(int32_t phys, int32_t group, int sign);
   int32_t InnermostGroupAbove(int32_t row) const;
