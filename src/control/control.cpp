@@ -34,6 +34,7 @@ void Control::RunRowPass(int32_t from) {
 
 void Control::RecalcColumns() {
   geometry.RunColumnPass(store.Cols(), props.Long(model::Prop::FrozenCols));
+  grouping.ColumnsSettled();
 }
 
 void Control::RequestRedraw() {
@@ -58,9 +59,11 @@ void Control::SetRecalcRowParms(bool on) {
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
   if (curCol >= index) curCol += count;
+  grouping.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
+  grouping.ColumnsRemoving(index, count);
   if (curCol >= index + count) {
     curCol -= count;
   } else if (curCol >= index) {

@@ -120,6 +120,24 @@ TEST_F(Aggregates, ResultsAreShownAfterTheGroupText) {
   EXPECT_EQ(g.AggrFuncs().Count(), 2);
 }
 
+TEST_F(Aggregates, AggregatesAndGroupsFollowTheirColumns) {
+  g.AggrFuncs().AddItem("units", quAggrSum);
+  g.AggrFuncs().AddItem("amount", quAggrMax);
+  g.Group("region");
+  g.AddCol({.sKey = "first", .vColBefore = 1});
+  EXPECT_EQ(g.AggrFuncs().AggrCol(1), 3);
+  EXPECT_EQ(g.GroupedBy().SortCol(1), 2);
+  g.SetCellValue("s4", "units", 10);
+  EXPECT_EQ(g.GroupRowAggrValue(1, 1), Variant(10));
+  g.RemoveCol("units");
+  EXPECT_EQ(g.AggrFuncs().Count(), 1);
+  EXPECT_EQ(g.GroupRowAggrValue(1, 1), Variant::Currency(1.01));
+  EXPECT_EQ(g.CellText(1, g.RowTextCol()), "Region: East (1), Max of Amount: 1.01");
+  g.RemoveCol("region");  // the grouping ends with its column
+  EXPECT_EQ(g.GroupedBy().ColCount(), 0);
+  EXPECT_EQ(g.RowCount(), 6);
+}
+
 // Every aggregate of every group, read through the object model.
 std::vector<std::string> AllResults(const Quilta& g) {
   std::vector<std::string> out;

@@ -19,6 +19,7 @@ struct AggrFuncsAccess {
     return AggrFuncsObject(grid, listener);
   }
   static const std::vector<Item>& Items(const AggrFuncsObject& obj) { return obj.items_; }
+  static std::vector<Item>& Items(AggrFuncsObject& obj) { return obj.items_; }
 };
 
 using AggrItem = AggrFuncsAccess::Item;

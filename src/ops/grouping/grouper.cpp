@@ -456,6 +456,39 @@ void Grouper::AggrFuncsChanged() {
   if (Grouped()) Recount();
 }
 
+void Grouper::ColumnsInserted(int32_t index, int32_t count) {
+  for (Criterion& k : SortGroupAccess::Items(groupedBy_))
+    if (k.col >= index) k.col += count;
+  for (AggrItem& item : AggrFuncsAccess::Items(aggrFuncs_))
+    if (item.col >= index) item.col += count;
+  RebuildWatched();
+}
+
+void Grouper::ColumnsRemoving(int32_t index, int32_t count) {
+  auto gone = [&](int32_t col) { return col >= index && col < index + count; };
+  std::vector<AggrItem>& items = AggrFuncsAccess::Items(aggrFuncs_);
+  bool aggregatesGone = std::erase_if(items, [&](const AggrItem& item) { return gone(item.col); });
+  for (AggrItem& item : items)
+    if (item.col >= index + count) item.col -= count;
+  Criteria& criteria = SortGroupAccess::Items(groupedBy_);
+  if (std::any_of(criteria.begin(), criteria.end(),
+                  [&](const Criterion& k) { return gone(k.col); })) {
+    Ungroup();
+    return;
+  }
+  for (Criterion& k : criteria)
+    if (k.col >= index + count) k.col -= count;
+  // The results are counted again once the cells of the columns are gone.
+  recountPending_ = aggregatesGone && Grouped();
+  RebuildWatched();
+}
+
+void Grouper::ColumnsSettled() {
+  if (!recountPending_) return;
+  recountPending_ = false;
+  if (Grouped()) Recount();
+}
+
 // ---- Texts and results ---------------------------------------------------------------------
 
 void Grouper::RefreshChain(int32_t group) {

@@ -64,6 +64,13 @@ class Grouper final : public AggrFuncsListener {
   // Rows were reordered or changed level: membership is read again from the rows.
   void RowsRearranged();
   void AggrFuncsChanged() override;
+  // Column indexes >= index moved up by count: the criteria and aggregates follow their columns.
+  void ColumnsInserted(int32_t index, int32_t count);
+  // Columns index..index+count-1 are about to go: aggregates of them go too, and a grouping by
+  // one of them ends.
+  void ColumnsRemoving(int32_t index, int32_t count);
+  // The column array and the cells agree again after a change of columns.
+  void ColumnsSettled();
 
   // ---- What drawing, selection, editing and the facade ask about a row
   // Whether the row is one of the group rows grouping made.
@@ -131,6 +138,7 @@ class Grouper final : public AggrFuncsListener {
   std::vector<uint8_t> watched_;  // by column index: an aggregate reads the column
   std::vector<int32_t> touched_;  // groups that lost rows, refreshed once the rows are gone
   bool building_ = false;
+  bool recountPending_ = false;
 };
 
 }  // namespace quilta::ops
