@@ -111,6 +111,17 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
   void Regroup();
 
+  // ---- Grouping: what selection, keyboard, editing and drawing ask about group rows. A group
+  // row spans the grid's width; its content is its RowTextCol cell, which holds the group text
+  // followed by the aggregate results (grouping keeps it up to date), and the tree operations
+  // expand and collapse it like any node. grouping.IsGroupingRow tells the group rows grouping
+  // made from those a host added with bGroupRow.
+  bool IsGroupRow(int32_t row) const { return store.Rows().At(row).GroupRow(); }
+  // Group rows take edits only with AllowGroupRowEditing on.
+  bool RowEditable(int32_t row) const {
+    return !IsGroupRow(row) || props.Bool(model::Prop::AllowGroupRowEditing);
+  }
+
   // ---- Grouping: what it asks of the control.
   struct GroupingSite final : ops::GroupingSite {
     explicit GroupingSite(Control& control) : c(control) {}

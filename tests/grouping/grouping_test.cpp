@@ -99,8 +99,8 @@ TEST_F(Grouped, GroupTextsUseThePrefixAndTheColumnFormat) {
   g.Group("price");
   EXPECT_EQ(g.GroupRowText(3), "Price: 0.10 (1)");
   g.SetPrefixGroupValues(false);
-  g.Group();
   EXPECT_EQ(g.GroupRowText(3), "0.10 (1)");
+  EXPECT_EQ(g.CellText(3, g.RowTextCol()), "0.10 (1)");
 }
 
 TEST_F(Grouped, BadRequestsChangeNothing) {

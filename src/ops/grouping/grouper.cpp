@@ -456,6 +456,12 @@ void Grouper::AggrFuncsChanged() {
   if (Grouped()) Recount();
 }
 
+void Grouper::RefreshTexts() {
+  for (size_t id = 0; id < groups_.size(); ++id)
+    if (groups_[id].alive) RefreshText(static_cast<int32_t>(id));
+  site_.RequestRedraw();
+}
+
 void Grouper::ColumnsInserted(int32_t index, int32_t count) {
   for (Criterion& k : SortGroupAccess::Items(groupedBy_))
     if (k.col >= index) k.col += count;

@@ -64,6 +64,8 @@ class Grouper final : public AggrFuncsListener {
   // Rows were reordered or changed level: membership is read again from the rows.
   void RowsRearranged();
   void AggrFuncsChanged() override;
+  // PrefixGroupValues changed: every group row's text is made again.
+  void RefreshTexts();
   // Column indexes >= index moved up by count: the criteria and aggregates follow their columns.
   void ColumnsInserted(int32_t index, int32_t count);
   // Columns index..index+count-1 are about to go: aggregates of them go too, and a grouping by
