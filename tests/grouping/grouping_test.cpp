@@ -151,6 +151,23 @@ TEST_F(Grouped, CustomGroupValuesDecideGroupsAndTexts) {
   EXPECT_EQ(g.GroupObject().SortType(1), quSortByValueCustomGroups);
 }
 
+struct FailingGroups : QuiltaEvents {
+  void CustomGroupValue(int32_t lRow, int32_t, Variant&, std::string&) override {
+    if (lRow > 3) throw std::runtime_error("host failure");
+  }
+};
+
+TEST_F(Grouped, AHandlerThatFailsLeavesTheGridUngrouped) {
+  g.Group("region");
+  FailingGroups failing;
+  g.SetEventSink(&failing);
+  g.SetColSortType("day", quSortByValueCustomGroups);
+  EXPECT_THROW(g.Group("day"), std::runtime_error);
+  EXPECT_EQ(g.RowCount(), 6);
+  EXPECT_EQ(g.GroupedBy().ColCount(), 0);
+  for (int32_t r = 1; r <= g.RowCount(); ++r) EXPECT_EQ(g.RowLevel(r), 0);
+}
+
 TEST_F(Grouped, SortingAGroupedGridSortsInsideEachGroup) {
   g.Group("region");
   g.Sort("units");

@@ -93,7 +93,15 @@ void Grouper::Group() {
       BuildGroupRows();
     }
   } catch (...) {
+    // A host handler failed (CustomGroupValue, CustomSort): the grid is left ungrouped, its data
+    // rows in whatever order the sort reached.
     building_ = false;
+    groups_.clear();
+    groupOfPhys_.clear();
+    watched_.clear();
+    SortGroupAccess::Items(groupedBy_).clear();
+    ShowRowsUnderExpandedParents();
+    site_.RowsRelaidOut();
     throw;
   }
   building_ = false;
