@@ -21,6 +21,8 @@ class Accumulator {
   Accumulator(Accumulator&&) noexcept = default;
   Accumulator& operator=(Accumulator&&) noexcept = default;
 
+  // First and Last depend on the rows' order and are read from the rows instead.
+  static bool Keeps(EAggrFuncs func) { return func != quAggrFirst && func != quAggrLast; }
   EAggrFuncs Func() const { return func_; }
   void Add(const Variant& v);
   void Remove(const Variant& v);

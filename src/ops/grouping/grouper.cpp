@@ -3,12 +3,8 @@
 #include <algorithm>
 #include <quilta/error.hpp>
 
-#include "model/cell_object_access.hpp"
-#include "model/cell_resources.hpp"
 #include "model/control_properties.hpp"
-#include "model/format/compiled_format.hpp"
 #include "model/grid_store.hpp"
-#include "model/text/text.hpp"
 #include "ops/sorting/cell_compare.hpp"
 
 namespace quilta::ops {
@@ -17,32 +13,6 @@ namespace {
 using model::RowRecord;
 
 constexpr uint8_t kLevelLimit = 255;
-
-const char* FuncName(EAggrFuncs func) {
-  switch (func) {
-    case quAggrCount:
-      return "Count";
-    case quAggrSum:
-      return "Sum";
-    case quAggrAvg:
-      return "Average";
-    case quAggrMin:
-      return "Min";
-    case quAggrMax:
-      return "Max";
-    case quAggrFirst:
-      return "First";
-    case quAggrLast:
-      return "Last";
-    case quAggrCountDistinct:
-      return "Distinct count";
-  }
-  return "";
-}
-
-bool Skipped(const Variant& v) { return v.IsNull() || v.IsEmpty(); }
-
-bool KeptByAccumulator(EAggrFuncs func) { return func != quAggrFirst && func != quAggrLast; }
 
 }  // namespace
 
@@ -232,21 +202,6 @@ bool Grouper::SameGroup(const Criterion& k, const Variant& a, const Variant& b) 
   }
 }
 
-std::string Grouper::FormatForColumn(int32_t col, const Variant& value) const {
-  std::string text;
-  if (value.IsObject() || value.IsArray() || value.IsMissing()) return text;
-  const model::Column& column = store_.Cols().AtIndex(col);
-  uint8_t fmt =
-      column.defaultCell ? model::CellObjectAccess::Record(*column.defaultCell).fmtString : 0;
-  if (fmt) {
-    resources_.formats.Compiled(fmt).AppendTo(value, text);
-  } else {
-    static const fmt::CompiledFormat kPlain;
-    kPlain.AppendTo(value, text);
-  }
-  return text;
-}
-
 // Children show exactly when every row above them in the tree is expanded.
 void Grouper::ShowRowsUnderExpandedParents() {
   struct Open {
@@ -326,7 +281,7 @@ void Grouper::Recount() {
 void Grouper::AddValuesInPhysicalOrder() {
   const std::vector<AggrItem>& items = Items();
   for (size_t i = 0; i < items.size(); ++i) {
-    if (!KeptByAccumulator(items[i].func)) continue;
+    if (!Accumulator::Keeps(items[i].func)) continue;
     const model::CellColumn& column = store_.Cells().Column(items[i].col);
     for (size_t phys = 1; phys < groupOfPhys_.size(); ++phys) {
       int32_t group = groupOfPhys_[phys] - 1;
@@ -345,7 +300,7 @@ void Grouper::CountRowIn(int32_t phys, int32_t group, int sign) {
     GroupState& state = groups_[static_cast<size_t>(g)];
     state.dataRows += sign;
     for (size_t i = 0; i < items.size(); ++i) {
-      if (!KeptByAccumulator(items[i].func)) continue;
+      if (!Accumulator::Keeps(items[i].func)) continue;
       const Variant& v = store_.Cells().Get(items[i].col, phys).value;
       if (sign > 0) {
         state.aggr[i].Add(v);
@@ -373,7 +328,7 @@ void Grouper::CellValueChanged(int32_t phys, int32_t col, const Variant& before,
   for (int32_t g = group; g >= 0; g = groups_[static_cast<size_t>(g)].parent) {
     GroupState& state = groups_[static_cast<size_t>(g)];
     for (size_t i = 0; i < items.size(); ++i) {
-      if (items[i].col != col || !KeptByAccumulator(items[i].func)) continue;
+      if (items[i].col != col || !Accumulator::Keeps(items[i].func)) continue;
       state.aggr[i].Remove(before);
       state.aggr[i].Add(now);
     }
@@ -501,122 +456,6 @@ void Grouper::ColumnsSettled() {
   if (!recountPending_) return;
   recountPending_ = false;
   if (Grouped()) Recount();
-}
-
-// ---- Texts and results ---------------------------------------------------------------------
-
-void Grouper::RefreshChain(int32_t group) {
-  for (int32_t g = group; g >= 0; g = groups_[static_cast<size_t>(g)].parent)
-    if (groups_[static_cast<size_t>(g)].alive) RefreshText(g);
-  site_.RequestRedraw();
-}
-
-// The group row shows its text and then each aggregate, in its row-text cell.
-void Grouper::RefreshText(int32_t group) {
-  GroupState& g = groups_[static_cast<size_t>(group)];
-  std::string line;
-  {
-    const Criterion& k = GroupedBy()[g.level];
-    if (props_.Bool(model::Prop::PrefixGroupValues))
-      line = store_.Cols().AtIndex(k.col).headerText + ": ";
-    line += g.valueText + " (" + std::to_string(g.dataRows) + ")";
-  }
-  const std::vector<AggrItem>& items = Items();
-  for (size_t i = 0; i < items.size(); ++i) {
-    line += ", ";
-    line += FuncName(items[i].func);
-    line += " of " + store_.Cols().AtIndex(items[i].col).headerText + ": ";
-    line += ResultText(group, i);
-  }
-  int32_t textCol = store_.Cols().RowTextCol();
-  model::Cell& cell = store_.Cells().Mutable(textCol, g.phys);
-  cell.value = Variant(std::move(line));
-  store_.Cells().Column(textCol).NoteRefs(cell);
-}
-
-int32_t Grouper::GroupRowOf(const GroupState& g) const {
-  return g.alive ? store_.Rows().RowOfPhys(g.phys) : 0;
-}
-
-Variant Grouper::FirstOrLast(const GroupState& g, int32_t col, bool last) const {
-  int32_t row = GroupRowOf(g);
-  if (row == 0) return Variant::Null();
-  int32_t end = store_.LastNested(row);
-  for (int32_t i = 0; i < end - row; ++i) {
-    int32_t r = last ? end - i : row + 1 + i;
-    if (store_.Rows().At(r).GroupRow()) continue;
-    const Variant& v = store_.CellAt(r, col).value;
-    if (!Skipped(v)) return v;
-  }
-  return Variant::Null();
-}
-
-// A minimum or maximum that left its group is found again among the group's rows.
-void Grouper::Rescan(GroupState& g, size_t item) {
-  Accumulator& acc = g.aggr[item];
-  acc.Reset();
-  int32_t row = GroupRowOf(g);
-  if (row == 0) return;
-  int32_t end = store_.LastNested(row);
-  int32_t col = Items()[item].col;
-  for (int32_t r = row + 1; r <= end; ++r)
-    if (GroupIdOfRow(r) < 0) acc.Add(store_.CellAt(r, col).value);
-}
-
-Variant Grouper::Result(int32_t group, size_t item) {
-  GroupState& g = groups_[static_cast<size_t>(group)];
-  const AggrItem& spec = Items()[item];
-  if (!KeptByAccumulator(spec.func)) return FirstOrLast(g, spec.col, spec.func == quAggrLast);
-  if (g.aggr[item].Stale()) Rescan(g, item);
-  return g.aggr[item].Result();
-}
-
-std::string Grouper::ResultText(int32_t group, size_t item) {
-  const AggrItem& spec = Items()[item];
-  Variant value;
-  try {
-    value = Result(group, item);
-  } catch (const Error&) {
-    return "#Error";
-  }
-  if (value.IsNull()) return std::string();
-  if (!spec.fmt.empty()) return Format(value, spec.fmt);
-  if (spec.func == quAggrCount || spec.func == quAggrCountDistinct) return CStr(value);
-  return FormatForColumn(spec.col, value);
-}
-
-// ---- Queries -------------------------------------------------------------------------------
-
-int32_t Grouper::GroupCol(int32_t row) const {
-  return GroupedBy()[groups_[static_cast<size_t>(CheckedGroupId(row))].level].col;
-}
-
-Variant Grouper::GroupValue(int32_t row) const {
-  return groups_[static_cast<size_t>(CheckedGroupId(row))].value;
-}
-
-int32_t Grouper::GroupDataRowCount(int32_t row) const {
-  return groups_[static_cast<size_t>(CheckedGroupId(row))].dataRows;
-}
-
-std::string Grouper::GroupText(int32_t row) const {
-  const GroupState& g = groups_[static_cast<size_t>(CheckedGroupId(row))];
-  std::string text;
-  if (props_.Bool(model::Prop::PrefixGroupValues))
-    text = store_.Cols().AtIndex(GroupedBy()[g.level].col).headerText + ": ";
-  return text + g.valueText + " (" + std::to_string(g.dataRows) + ")";
-}
-
-Variant Grouper::AggrValue(int32_t row, int32_t lIndex) {
-  int32_t id = CheckedGroupId(row);
-  if (lIndex < 1 || lIndex > aggrFuncs_.Count()) throw Error::FromCode(quErrInvalidArgument);
-  return Result(id, static_cast<size_t>(lIndex - 1));
-}
-
-std::string Grouper::AggrText(int32_t row, int32_t lIndex) {
-  int32_t id = CheckedGroupId(row);
-  if (lIndex < 1 || lIndex > aggrFuncs_.Count()) throw Error::FromCode(quErrInvalidArgument);
-  return ResultText(id, static_cast<size_t>(lIndex - 1));
 }
 
 }  // namespace quilta::ops
