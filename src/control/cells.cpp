@@ -75,7 +75,7 @@ void Control::SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Va
     if (watched) {
       Variant before = cell.value;
       model::WriteCellProperty(cell, p, value);
-      grouping.CellValueChanged(rows.At(r).phys, colIndex, before, cell.value);
+      grouping.CellValueChanged(rows.At(r).phys, colIndex, before, cell.value, false);
       continue;
     }
     model::WriteCellProperty(cell, p, value);
@@ -83,6 +83,7 @@ void Control::SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Va
   }
   if (p == quPropCellValue && firstRow <= lastRow)
     column.NoteRefs(store.CellAt(firstRow, colIndex));
+  if (watched) grouping.RefreshTexts();
   if (AffectsTextSize(p)) geometry.RecordChange(model::kLayoutRows);
   RequestRedraw();
 }

@@ -73,6 +73,9 @@ TEST_F(Aggregates, TextsCompareIgnoringCaseAndSumOnlyWhenTheyConvert) {
   EXPECT_EQ(g.GroupRowAggrText(1, 1), "#Error");
   for (int32_t r = 2; r <= g.RowCount(); ++r) g.SetCellValue(r, "region", std::to_string(r));
   EXPECT_EQ(g.GroupRowAggrValue(1, 1), Variant(2.0 + 3 + 4 + 5 + 6 + 7));
+  g.SetColCellsProp("region", quPropCellValue, "2", 2);  // every data row, in one call
+  EXPECT_EQ(g.GroupRowAggrValue(1, 1), Variant(12.0));
+  EXPECT_EQ(g.CellText(1, g.RowTextCol()), "All: 1 (6), Sum of Region: 12");
 }
 
 TEST_F(Aggregates, NullsOnlyGiveNullAndACountOfZero) {

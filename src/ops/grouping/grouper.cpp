@@ -319,8 +319,8 @@ void Grouper::RebuildWatched() {
       watched_[static_cast<size_t>(item.col)] = 1;
 }
 
-void Grouper::CellValueChanged(int32_t phys, int32_t col, const Variant& before,
-                               const Variant& now) {
+void Grouper::CellValueChanged(int32_t phys, int32_t col, const Variant& before, const Variant& now,
+                               bool refresh) {
   if (static_cast<size_t>(phys) >= groupOfPhys_.size()) return;
   int32_t group = groupOfPhys_[static_cast<size_t>(phys)] - 1;
   if (group < 0 || groups_[static_cast<size_t>(group)].phys == phys) return;
@@ -333,7 +333,7 @@ void Grouper::CellValueChanged(int32_t phys, int32_t col, const Variant& before,
       state.aggr[i].Add(now);
     }
   }
-  RefreshChain(group);
+  if (refresh) RefreshChain(group);
 }
 
 // The innermost group above a new row, found through the tree above it.

@@ -52,8 +52,10 @@ class Grouper final : public AggrFuncsListener {
   bool Watches(int32_t col) const {
     return static_cast<size_t>(col) < watched_.size() && watched_[static_cast<size_t>(col)];
   }
-  // A data cell of a watched column changed from `before` to `now`.
-  void CellValueChanged(int32_t phys, int32_t col, const Variant& before, const Variant& now);
+  // A data cell of a watched column changed from `before` to `now`. Changes in bulk pass
+  // `refresh` false and call RefreshTexts once at the end.
+  void CellValueChanged(int32_t phys, int32_t col, const Variant& before, const Variant& now,
+                        bool refresh = true);
   void RowsInserted(int32_t row, int32_t count);
   // Rows row..row+count-1 are about to go; RowsRemoved follows once they are gone.
   void RowsRemoving(int32_t row, int32_t count);
@@ -64,7 +66,7 @@ class Grouper final : public AggrFuncsListener {
   // Rows were reordered or changed level: membership is read again from the rows.
   void RowsRearranged();
   void AggrFuncsChanged() override;
-  // PrefixGroupValues changed: every group row's text is made again.
+  // PrefixGroupValues changed, or cells changed in bulk: every group row's text is made again.
   void RefreshTexts();
   // Column indexes >= index moved up by count: the criteria and aggregates follow their columns.
   void ColumnsInserted(int32_t index, int32_t count);
