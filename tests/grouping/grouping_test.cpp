@@ -199,6 +199,10 @@ TEST_F(Grouped, RowsAddedAndRemovedJoinAndLeaveGroups) {
   g.AddRow({.sKey = "n7", .vRowParent = north});
   EXPECT_EQ(g.GroupRowDataCount(north), 4);
   EXPECT_EQ(g.RowLevel("n7"), 1);
+  g.AddRow({.sKey = "n8", .vRowBefore = "s3"});  // among North's rows: it joins North
+  EXPECT_EQ(g.RowLevel("n8"), 1);
+  EXPECT_EQ(g.GroupRowDataCount(north), 5);
+  g.RemoveRow("n8");
   g.RemoveRow("s1");
   g.RemoveRow("s3");
   EXPECT_EQ(g.GroupRowText(north), "Region: North (2)");

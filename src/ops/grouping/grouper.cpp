@@ -352,6 +352,7 @@ int32_t Grouper::InnermostGroupAbove(int32_t row) const {
 void Grouper::RowsInserted(int32_t row, int32_t count) {
   if (!Grouped() || building_) return;
   EnsurePhysCapacity();
+  JoinGroupOfNextRow(row, count);
   int32_t group = InnermostGroupAbove(row);
   for (int32_t r = row; r < row + count; ++r) {
     int32_t phys = store_.Rows().At(r).phys;
@@ -359,6 +360,18 @@ void Grouper::RowsInserted(int32_t row, int32_t count) {
     if (group >= 0) CountRowIn(phys, group, +1);
   }
   if (group >= 0) RefreshChain(group);
+}
+
+// Rows inserted among a group's data rows at a level above them (AddRow with vRowBefore and no
+// parent) join that group, at the level of the row they were inserted before.
+void Grouper::JoinGroupOfNextRow(int32_t row, int32_t count) {
+  model::RowStore& rows = store_.Rows();
+  int32_t next = row + count;
+  if (next > rows.Count() || rows.At(row).level >= GroupedBy().size()) return;
+  const RowRecord& after = rows.At(next);
+  int32_t group = groupOfPhys_[static_cast<size_t>(after.phys)] - 1;
+  if (group < 0 || groups_[static_cast<size_t>(group)].phys == after.phys) return;
+  for (int32_t r = row; r < next; ++r) rows.At(r).level = after.level;
 }
 
 void Grouper::RowsRemoving(int32_t row, int32_t count) {

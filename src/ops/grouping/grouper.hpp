@@ -117,6 +117,7 @@ class Grouper final : public AggrFuncsListener {
   void ResetAggregates(GroupState& g) const;
   void CountRowIn(int32_t phys, int32_t group, int sign);
   int32_t InnermostGroupAbove(int32_t row) const;
+  void JoinGroupOfNextRow(int32_t row, int32_t count);
   void EnsurePhysCapacity();
   void RebuildWatched();
   void RefreshText(int32_t group);
