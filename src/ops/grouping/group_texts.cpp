@@ -52,6 +52,13 @@ std::string Grouper::FormatForColumn(int32_t col, const Variant& value) const {
   return text;
 }
 
+std::string Grouper::TextOf(const GroupState& g) const {
+  std::string text;
+  if (props_.Bool(model::Prop::PrefixGroupValues))
+    text = store_.Cols().AtIndex(GroupedBy()[g.level].col).headerText + ": ";
+  return text + g.valueText + " (" + std::to_string(g.dataRows) + ")";
+}
+
 // ---- Texts and results ---------------------------------------------------------------------
 
 void Grouper::RefreshChain(int32_t group) {
@@ -63,13 +70,7 @@ void Grouper::RefreshChain(int32_t group) {
 // The group row shows its text and then each aggregate, in its row-text cell.
 void Grouper::RefreshText(int32_t group) {
   GroupState& g = groups_[static_cast<size_t>(group)];
-  std::string line;
-  {
-    const Criterion& k = GroupedBy()[g.level];
-    if (props_.Bool(model::Prop::PrefixGroupValues))
-      line = store_.Cols().AtIndex(k.col).headerText + ": ";
-    line += g.valueText + " (" + std::to_string(g.dataRows) + ")";
-  }
+  std::string line = TextOf(g);
   const std::vector<AggrItem>& items = Items();
   for (size_t i = 0; i < items.size(); ++i) {
     line += ", ";
@@ -149,11 +150,7 @@ int32_t Grouper::GroupDataRowCount(int32_t row) const {
 }
 
 std::string Grouper::GroupText(int32_t row) const {
-  const GroupState& g = groups_[static_cast<size_t>(CheckedGroupId(row))];
-  std::string text;
-  if (props_.Bool(model::Prop::PrefixGroupValues))
-    text = store_.Cols().AtIndex(GroupedBy()[g.level].col).headerText + ": ";
-  return text + g.valueText + " (" + std::to_string(g.dataRows) + ")";
+  return TextOf(groups_[static_cast<size_t>(CheckedGroupId(row))]);
 }
 
 Variant Grouper::AggrValue(int32_t row, int32_t lIndex) {

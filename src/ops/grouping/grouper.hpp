@@ -120,6 +120,7 @@ class Grouper final : public AggrFuncsListener {
   void JoinGroupOfNextRow(int32_t row, int32_t count);
   void EnsurePhysCapacity();
   void RebuildWatched();
+  std::string TextOf(const GroupState& g) const;
   void RefreshText(int32_t group);
   void RefreshChain(int32_t group);
   // The first and last data rows of a group, in display order.
