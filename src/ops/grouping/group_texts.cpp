@@ -115,14 +115,15 @@ void Grouper::Rescan(GroupState& g, size_t item) {
 
 Variant Grouper::Result(int32_t group, size_t item) {
   GroupState& g = groups_[static_cast<size_t>(group)];
-  const AggrItem& spec = Items()[item];
-  if (!Accumulator::Keeps(spec.func)) return FirstOrLast(g, spec.col, spec.func == quAggrLast);
+  const AggrItem& aggregate = Items()[item];
+  if (!Accumulator::Keeps(aggregate.func))
+    return FirstOrLast(g, aggregate.col, aggregate.func == quAggrLast);
   if (g.aggr[item].Stale()) Rescan(g, item);
   return g.aggr[item].Result();
 }
 
 std::string Grouper::ResultText(int32_t group, size_t item) {
-  const AggrItem& spec = Items()[item];
+  const AggrItem& aggregate = Items()[item];
   Variant value;
   try {
     value = Result(group, item);
@@ -130,9 +131,9 @@ std::string Grouper::ResultText(int32_t group, size_t item) {
     return "#Error";
   }
   if (value.IsNull()) return std::string();
-  if (!spec.fmt.empty()) return Format(value, spec.fmt);
-  if (spec.func == quAggrCount || spec.func == quAggrCountDistinct) return CStr(value);
-  return FormatForColumn(spec.col, value);
+  if (!aggregate.fmt.empty()) return Format(value, aggregate.fmt);
+  if (aggregate.func == quAggrCount || aggregate.func == quAggrCountDistinct) return CStr(value);
+  return FormatForColumn(aggregate.col, value);
 }
 
 // ---- Queries -------------------------------------------------------------------------------
