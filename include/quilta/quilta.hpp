@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <quilta/aggr_funcs_object.hpp>
 #include <quilta/cell_object.hpp>
 #include <quilta/combos.hpp>
 #include <quilta/dispatch.hpp>
@@ -514,6 +515,42 @@ class Quilta {
   std::string ColDataField(const Variant& vCol) const;
   std::string ColDataTable(const Variant& vCol) const;
   // (exchange section end)
+  // ---- Grouping ----------------------------------------------------------------------------
+  // Groups the rows by GroupObject: with AllowSorting on, the rows are first sorted by the group
+  // criteria followed by the sort criteria (SortObject then holds both, group criteria first);
+  // then a group row (level = grouping depth, tree button visible, expanded per
+  // DefaultAutoGroupRowExpanded) is inserted above each run of equal group values, per level,
+  // and the data rows move one level below the innermost groups. vCols, when given (one column
+  // or a one-dimensional array), first refills GroupObject as Sort refills SortObject. Regrouping
+  // removes the old group rows first; an empty GroupObject ungroups. AllowGrouping off: 522; a
+  // criterion naming no column: 513; both before anything changes.
+  void Group(const Variant& vCols = Variant::Missing());
+  // Removes the group rows; the data rows stay in their order, back at their own levels.
+  void Ungroup();
+  // The criteria the grid is currently grouped by (empty when it is not grouped).
+  const SortGroupObject& GroupedBy() const;
+  // The aggregates shown in the group rows after the group text.
+  AggrFuncsObject& AggrFuncs();
+  const AggrFuncsObject& AggrFuncs() const;
+  // Whether the row is a group row made by grouping. The members below take such a row; any
+  // other row raises 514 (an unresolvable reference 513).
+  bool RowIsGroupRow(const Variant& vRow) const;
+  // The column, and the value shared by the group's data rows (what CustomGroupValue returned
+  // for quSortByValueCustomGroups criteria).
+  int32_t GroupRowCol(const Variant& vRow) const;
+  Variant GroupRowValue(const Variant& vRow) const;
+  // The number of data rows under the group row, nested groups included.
+  int32_t GroupRowDataCount(const Variant& vRow) const;
+  // "<column header>: " (with PrefixGroupValues), the group value in the column's format (or the
+  // sGroupText of CustomGroupValue), and the data-row count: "Country: France (12)". The row's
+  // RowTextCol cell shows this text followed by ", <function> of <header>: <result>" per aggregate.
+  std::string GroupRowText(const Variant& vRow) const;
+  // An aggregate's result for the group (lAggrIndex 1-based; 514 outside). A Sum or Avg over a
+  // text that is not a number raises 13 (Type mismatch), and its text is "#Error".
+  Variant GroupRowAggrValue(const Variant& vRow, int32_t lAggrIndex) const;
+  // The result as shown: in the aggregate's format, else the column's (counts plainly).
+  std::string GroupRowAggrText(const Variant& vRow, int32_t lAggrIndex) const;
+  // (grouping section end)
 
   // ---- Current cell (the part the stores keep in step) ------------------------------------
   int32_t CurRow() const;

@@ -34,9 +34,9 @@ Variant Control::CellProperty(int32_t row, int32_t colIndex, ECellProperty p) co
 
 void Control::SetCellProperty(int32_t row, int32_t colIndex, ECellProperty p, const Variant& raw) {
   Variant value = model::NormalizeCellProperty(p, raw, *resources);
+  if (p == quPropCellValue) return SetCellValue(row, colIndex, value);
   model::Cell& cell = store.MutableCell(row, colIndex);
   model::WriteCellProperty(cell, p, value);
-  if (p == quPropCellValue) store.Cells().Column(colIndex).NoteRefs(cell);
   if (AffectsTextSize(p)) {
     cell.state |= model::Cell::kRemeasure;
     geometry.RecordChange(model::kLayoutRows);
@@ -46,8 +46,15 @@ void Control::SetCellProperty(int32_t row, int32_t colIndex, ECellProperty p, co
 
 void Control::SetCellValue(int32_t row, int32_t colIndex, const Variant& value) {
   model::Cell& cell = store.MutableCell(row, colIndex);
-  cell.value = value;
-  store.Cells().Column(colIndex).NoteRefs(cell);
+  if (grouping.Watches(colIndex)) {
+    Variant before = cell.value;
+    cell.value = value;
+    store.Cells().Column(colIndex).NoteRefs(cell);
+    grouping.CellValueChanged(store.Rows().At(row).phys, colIndex, before, cell.value);
+  } else {
+    cell.value = value;
+    store.Cells().Column(colIndex).NoteRefs(cell);
+  }
   cell.state |= model::Cell::kRemeasure;
   geometry.RecordChange(model::kLayoutRows);
   RequestRedraw();
@@ -62,13 +69,21 @@ void Control::SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Va
     throw Error::FromCode(quErrInvalidArgument);
   model::CellColumn& column = store.Cells().Column(colIndex);
   model::RowStore& rows = store.Rows();
+  bool watched = p == quPropCellValue && grouping.Watches(colIndex);
   for (int32_t r = firstRow; r <= lastRow; ++r) {
     model::Cell& cell = store.Cells().Mutable(colIndex, rows.At(r).phys);
+    if (watched) {
+      Variant before = cell.value;
+      model::WriteCellProperty(cell, p, value);
+      grouping.CellValueChanged(rows.At(r).phys, colIndex, before, cell.value, false);
+      continue;
+    }
     model::WriteCellProperty(cell, p, value);
     if (AffectsTextSize(p)) cell.state |= model::Cell::kRemeasure;
   }
   if (p == quPropCellValue && firstRow <= lastRow)
     column.NoteRefs(store.CellAt(firstRow, colIndex));
+  if (watched) grouping.RefreshTexts();
   if (AffectsTextSize(p)) geometry.RecordChange(model::kLayoutRows);
   RequestRedraw();
 }

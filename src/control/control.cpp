@@ -34,6 +34,7 @@ void Control::RunRowPass(int32_t from) {
 
 void Control::RecalcColumns() {
   geometry.RunColumnPass(store.Cols(), props.Long(model::Prop::FrozenCols));
+  grouping.ColumnsSettled();
 }
 
 void Control::RequestRedraw() {
@@ -58,9 +59,11 @@ void Control::SetRecalcRowParms(bool on) {
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
   if (curCol >= index) curCol += count;
+  grouping.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
+  grouping.ColumnsRemoving(index, count);
   if (curCol >= index + count) {
     curCol -= count;
   } else if (curCol >= index) {
@@ -70,9 +73,11 @@ void Control::ColumnsRemoved(int32_t index, int32_t count) {
 
 void Control::RowsInserted(int32_t row, int32_t count) {
   if (curRow >= row) curRow += count;
+  grouping.RowsInserted(row, count);
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
+  grouping.RowsRemoving(row, count);
   // A current row strictly inside the removed block moves to current row - count, before the
   // block: the grid has always done so and hosts rely on it.
   if (curRow > row) {
@@ -85,6 +90,7 @@ void Control::RowsRemoved(int32_t row, int32_t count) {
 
 void Control::RowsCleared(bool columnsToo) {
   if (columnsToo) ScrollTo(quScrollBarH, 0);
+  grouping.RowsCleared();
   SetCurrentCell(0, 0);
 }
 

@@ -17,6 +17,7 @@
 #include "model/control_properties.hpp"
 #include "model/grid_store.hpp"
 #include "model/store_listener.hpp"
+#include "ops/grouping/grouper.hpp"
 #include "ops/sorting/sort_group_access.hpp"
 
 namespace quilta::control {
@@ -184,6 +185,32 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     Control& c;
   };
 
+  // ---- Grouping: what selection, keyboard, editing and drawing ask about group rows. A group
+  // row spans the grid's width; its content is its RowTextCol cell, which holds the group text
+  // followed by the aggregate results (grouping keeps it up to date), and the tree operations
+  // expand and collapse it like any node. grouping.IsGroupingRow tells the group rows grouping
+  // made from those a host added with bGroupRow.
+  bool IsGroupRow(int32_t row) const { return store.Rows().At(row).GroupRow(); }
+  // Group rows take edits only with AllowGroupRowEditing on.
+  bool RowEditable(int32_t row) const {
+    return !IsGroupRow(row) || props.Bool(model::Prop::AllowGroupRowEditing);
+  }
+
+  // ---- Grouping: what it asks of the control.
+  struct GroupingSite final : ops::GroupingSite {
+    explicit GroupingSite(Control& control) : c(control) {}
+    void EndEditing() override { c.EndEditing(); }
+    void SortForGrouping(const ops::Criteria& criteria) override;
+    void SortCriteriaChanged() override;
+    void CustomGroupValue(int32_t row, int32_t col, Variant& value, std::string& text) override;
+    std::string CellText(int32_t row, int32_t col) override { return c.CellText(row, col); }
+    int32_t CurrentRowPhys() override;
+    void SetCurrentRowPhys(int32_t phys) override;
+    void RowsRelaidOut() override { c.RelayoutAll(); }
+    void RequestRedraw() override { c.RequestRedraw(); }
+    Control& c;
+  };
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -208,12 +235,12 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   int32_t headerHeight = -1;                  // -1: automatic
   std::shared_ptr<ImageList> imageLists[16];  // [0] unused: 0 names no list
   ScrollBarInfo shownScrollBars[2];
-  // Sorting and grouping criteria. groupedBy holds the criteria the grid is currently grouped by;
-  // grouping does not build group rows yet, so it stays empty and the grid is never grouped.
+  ExchangeSite exchangeSite{*this};
+  // Sorting and grouping criteria; grouping keeps the criteria the grid is currently grouped by.
   SortGroupObject sortObject;
   SortGroupObject groupObject;
-  ops::Criteria groupedBy;
-  ExchangeSite exchangeSite{*this};
+  GroupingSite groupingSite{*this};
+  ops::Grouper grouping{store, props, *resources, groupObject, sortObject, groupingSite};
   // (subsystem state end)
 };
 

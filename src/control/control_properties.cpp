@@ -48,6 +48,9 @@ void Control::ApplyProperty(Prop p, const Variant& value) {
     case Prop::TreeCol:
       if (changed) RelayoutAll();
       break;
+    case Prop::PrefixGroupValues:
+      if (changed) grouping.RefreshTexts();
+      break;
     default:
       if (changed) RequestRedraw();
       break;

@@ -1,5 +1,6 @@
 // What the row hierarchy and sorting ask of the rest of the control.
 #include "control/control.hpp"
+#include "ops/sorting/sorter.hpp"
 
 namespace quilta::control {
 
@@ -20,7 +21,31 @@ bool Control::CellDynamicIconsEnabled() const {
   return events && (dynamicContentEvents & quDCEventCellDynamicIcons);
 }
 
-// Grouping builds no group rows yet, so the grid is never grouped and there is nothing to rebuild.
-void Control::Regroup() {}
+// A header click on a grouped column regroups whatever AllowGrouping says: the grid is grouped
+// already, and the click only reverses one group's order.
+void Control::Regroup() { grouping.Group(); }
+
+void Control::GroupingSite::SortForGrouping(const ops::Criteria& criteria) {
+  ops::Arrangement how =
+      c.props.Long(model::Prop::TreeCol) != 0 ? ops::Arrangement::Tree : ops::Arrangement::Rows;
+  ops::Sorter(c).SortRange(1, c.store.RowCount(), criteria, how, false, true);
+}
+
+void Control::GroupingSite::SortCriteriaChanged() { ops::Sorter(c).SyncColumnMarks(); }
+
+void Control::GroupingSite::CustomGroupValue(int32_t row, int32_t col, Variant& value,
+                                             std::string& text) {
+  if (c.events) c.events->CustomGroupValue(row, col, value, text);
+}
+
+int32_t Control::GroupingSite::CurrentRowPhys() {
+  int32_t row = c.curRow;
+  return row >= 1 && row <= c.store.RowCount() ? c.store.Rows().At(row).phys : 0;
+}
+
+void Control::GroupingSite::SetCurrentRowPhys(int32_t phys) {
+  int32_t row = phys ? c.store.Rows().RowOfPhys(phys) : 0;
+  c.SetCurrentCell(row, c.curCol);
+}
 
 }  // namespace quilta::control

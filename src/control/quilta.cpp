@@ -57,7 +57,11 @@ int32_t Quilta::RowTextCol() const { return c_->store.Cols().RowTextCol(); }
 
 int32_t Quilta::AddRow(const AddRowArgs& args) { return c_->store.AddRows(args); }
 
-void Quilta::RemoveRow(const Variant& vRow, int32_t lCount) { c_->store.RemoveRows(vRow, lCount); }
+// A group whose last data row went goes with it.
+void Quilta::RemoveRow(const Variant& vRow, int32_t lCount) {
+  c_->store.RemoveRows(vRow, lCount);
+  c_->grouping.RowsRemoved();
+}
 
 int32_t Quilta::RowIndex(std::string_view sKey) const { return c_->store.RowOfKey(sKey); }
 
@@ -82,6 +86,7 @@ int32_t Quilta::RowCount() const { return c_->store.RowCount(); }
 
 void Quilta::SetRowCount(int32_t lCount) {
   c_->store.SetRowCount(lCount);
+  c_->grouping.RowsRemoved();
   if (c_->curRow > lCount) c_->SetCurrentCell(0, c_->curCol);
 }
 

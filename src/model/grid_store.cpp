@@ -356,6 +356,73 @@ void GridStore::DropRows(int32_t first, int32_t count) {
   rows_.EraseRecords(first, count);
 }
 
+std::vector<int32_t> GridStore::InsertRowsAt(const std::vector<NewRow>& added) {
+  if (added.empty()) return {};
+  auto n = static_cast<int32_t>(added.size());
+  CheckCount(RowCount(), n);
+  EnsureCapacity(RowCount() + n);
+  std::vector<RowRecord>& records = rows_.Records();
+  std::vector<RowRecord> merged;
+  merged.reserve(std::max(records.capacity(), records.size() + added.size()));
+  std::vector<int32_t> at;  // positions of the new rows
+  at.reserve(added.size());
+  size_t k = 0;
+  for (int32_t r = 1; r <= RowCount() + 1; ++r) {
+    for (; k < added.size() && added[k].before == r; ++k) {
+      merged.push_back(added[k].record);
+      at.push_back(static_cast<int32_t>(merged.size()));
+    }
+    if (r <= RowCount()) merged.push_back(records[static_cast<size_t>(r - 1)]);
+  }
+  records.swap(merged);
+  rows_.NotePositionsChanged(at.front());
+  const std::vector<const Cell*>& templates = cols_.Templates();
+  std::vector<int32_t> phys(added.size());
+  size_t reused = 0;
+  for (; reused < at.size() && rows_.FreeCount() > 0; ++reused) {
+    phys[reused] = rows_.TakeFree();
+    cells_.ReuseRow(phys[reused], templates);
+  }
+  auto fresh = static_cast<int32_t>(at.size() - reused);
+  if (fresh > 0) {
+    int32_t first = rows_.TakeNewPhys(fresh);
+    for (size_t i = reused; i < at.size(); ++i) phys[i] = first + static_cast<int32_t>(i - reused);
+    cells_.AppendRows(fresh, templates);
+  }
+  for (size_t i = 0; i < at.size(); ++i) {
+    rows_.At(at[i]).phys = phys[i];
+    CountRows(at[i], 1, +1);
+  }
+  return phys;
+}
+
+void GridStore::DropRowsOfPhys(const std::vector<uint8_t>& marked) {
+  std::vector<RowRecord>& records = rows_.Records();
+  int32_t first = 0;
+  for (int32_t r = 1; r <= RowCount(); ++r) {
+    int32_t phys = records[static_cast<size_t>(r - 1)].phys;
+    if (static_cast<size_t>(phys) >= marked.size() || !marked[static_cast<size_t>(phys)]) continue;
+    if (!first) first = r;
+    CountRows(r, 1, -1);
+    rows_.DropKey(phys);
+    rows_.DropTag(phys);
+    cells_.ReleaseRow(phys);
+    rows_.AddFree(phys);
+  }
+  if (!first) return;
+  std::erase_if(records, [&](const RowRecord& rec) {
+    return static_cast<size_t>(rec.phys) < marked.size() && marked[static_cast<size_t>(rec.phys)];
+  });
+  rows_.NotePositionsChanged(first);
+}
+
+void GridStore::RecountShownRows() {
+  shownRows_ = 0;
+  shownHeight_ = 0;
+  for (const RowRecord& rec : rows_.Records())
+    if (rec.Shown()) ++shownRows_, shownHeight_ += rec.height;
+}
+
 void GridStore::SetRowCount(int32_t count) {
   if (count < 0) Raise(quErrInvalidArgument);
   int32_t old = RowCount();

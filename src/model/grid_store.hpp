@@ -76,6 +76,21 @@ class GridStore {
   // A parent whose last child went keeps no visible tree button.
   void HideButtonIfChildless(int32_t parent);
 
+  // Rows inserted at many places in one pass (grouping adds its group rows so). Each new record
+  // goes before the row that stood at `before` (RowCount + 1: at the end), `before` ascending;
+  // its physical row is assigned and its cells are the column templates. Returns the new rows'
+  // physical rows in order. No row notices are sent: the caller restores the current row and
+  // lays the rows out again.
+  struct NewRow {
+    int32_t before;
+    RowRecord record;
+  };
+  std::vector<int32_t> InsertRowsAt(const std::vector<NewRow>& added);
+  // Takes out every row whose physical row is marked, in one pass, with no row notices.
+  void DropRowsOfPhys(const std::vector<uint8_t>& marked);
+  // Counts the shown rows and their height again after flags changed in bulk.
+  void RecountShownRows();
+
   // Virtual mode: asks the host for rows up to `row`; returns whether that row exists now.
   bool EnsureVirtualRows(int32_t row);
 

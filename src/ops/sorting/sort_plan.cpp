@@ -37,9 +37,10 @@ SortPlan MakePlan(control::Control& c, const Criteria& criteria, int32_t first, 
   plan.last = last;
   plan.live = &criteria;
   plan.dynamicIcons = c.CellDynamicIconsEnabled();
-  int32_t lastGroupCol = c.groupedBy.empty() ? 0 : c.groupedBy.back().col;
+  const Criteria& groupedBy = c.grouping.GroupedBy();
+  int32_t lastGroupCol = groupedBy.empty() ? 0 : groupedBy.back().col;
   for (const Criterion& item : criteria) {
-    bool raise = groupingSort && !c.groupedBy.empty() && item.col != lastGroupCol;
+    bool raise = groupingSort && !groupedBy.empty() && item.col != lastGroupCol;
     plan.criteria.push_back(Plan(c, item, raise));
   }
   return plan;

@@ -139,10 +139,10 @@ Criteria::iterator FindCriterion(Criteria& criteria, int32_t col) {
 }  // namespace
 
 void Sorter::SortRange(int32_t first, int32_t last, const Criteria& criteria, Arrangement how,
-                       bool fenced) {
+                       bool fenced, bool groupingSort) {
   if (last - first < 1 || criteria.empty()) return;
   RowStore& rows = c_.store.Rows();
-  SortPlan plan = MakePlan(c_, criteria, first, last);
+  SortPlan plan = MakePlan(c_, criteria, first, last, groupingSort);
   std::vector<Run> runs = Runs(rows, first, last, fenced);
   RowKeys keys;
   if (BuildRowKeys(c_, plan, keys)) {
@@ -151,6 +151,7 @@ void Sorter::SortRange(int32_t first, int32_t last, const Criteria& criteria, Ar
     SortDirect(c_, plan, runs, how);
   }
   rows.NotePositionsChanged(first);
+  c_.grouping.RowsRearranged();
 }
 
 // ---- Public operations ------------------------------------------------------------------------
@@ -191,10 +192,10 @@ void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrd
   const model::Column& column = c_.store.Cols().AtIndex(col);
   if (column.sortType == quSortNone) return;
   auto given = static_cast<ESortOrders>(eSortOrder);
-  if (auto grouped = FindCriterion(c_.groupedBy, col); grouped != c_.groupedBy.end()) {
+  Criteria regroup = c_.grouping.GroupedBy();
+  if (auto grouped = FindCriterion(regroup, col); grouped != regroup.end()) {
     // A grouped column's header reverses that group's order and regroups.
-    Criteria regroup = c_.groupedBy;
-    Criterion& item = regroup[static_cast<size_t>(grouped - c_.groupedBy.begin())];
+    Criterion& item = *grouped;
     item.order = eSortOrder == -1 ? Opposite(item.order) : given;
     SortGroupAccess::Items(c_.groupObject) = std::move(regroup);
     c_.Regroup();
@@ -202,8 +203,9 @@ void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrd
   }
   Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
   if (iShift != 0) {
-    criteria.erase(criteria.begin(), criteria.begin() + static_cast<std::ptrdiff_t>(std::min(
-                                                            c_.groupedBy.size(), criteria.size())));
+    criteria.erase(criteria.begin(),
+                   criteria.begin() + static_cast<std::ptrdiff_t>(std::min(
+                                          c_.grouping.GroupedBy().size(), criteria.size())));
     if (auto it = FindCriterion(criteria, col); it != criteria.end()) {
       it->order = eSortOrder == -1 ? Opposite(it->order) : given;
     } else {
@@ -218,7 +220,7 @@ void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrd
     criteria.assign(1, Criterion{col, order, column.sortType});
   }
   RangeSort(start, end);
-  criteria.insert(criteria.begin(), c_.groupedBy.begin(), c_.groupedBy.end());
+  criteria.insert(criteria.begin(), c_.grouping.GroupedBy().begin(), c_.grouping.GroupedBy().end());
   SyncColumnMarks();
 }
 
@@ -254,7 +256,7 @@ void Sorter::RangeSort(int32_t start, int32_t end) {
   Arrangement how =
       c_.props.Long(model::Prop::TreeCol) != 0 ? Arrangement::Tree : Arrangement::Rows;
   const Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
-  if (first == 1 && last == store.RowCount() && !c_.groupedBy.empty()) {
+  if (first == 1 && last == store.RowCount() && !c_.grouping.GroupedBy().empty()) {
     // Deliberately, a grouped grid of two rows or fewer is left as it is.
     if (store.RowCount() > 2) SortRange(first, last, criteria, how, true);
   } else {

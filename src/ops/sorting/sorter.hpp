@@ -36,14 +36,15 @@ class Sorter {
 
   // Reorders rows first..last by the criteria, raising no BeforeContentsSorted/After. With
   // `fenced`, group rows stay in place and each run of rows between them is sorted on its own.
-  // Grouping sorts through here too.
+  // Grouping sorts through here too, with `groupingSort`.
   void SortRange(int32_t first, int32_t last, const Criteria& criteria, Arrangement how,
-                 bool fenced = false);
+                 bool fenced = false, bool groupingSort = false);
+  // ColSortKey and ColSortOrder of every column follow SortObject.
+  void SyncColumnMarks();
 
  private:
   int32_t Bound(const Variant& v) const;
   void RangeSort(int32_t start, int32_t end);
-  void SyncColumnMarks();
   int32_t CurrentPhys() const;
   void RestoreCurrent(int32_t phys);
 
