@@ -7,239 +7,182 @@ namespace quilta::testing {
 namespace {
 
 constexpr int32_t kRow = 18;
-constexpr int32_t kView = 180;  // ten rows below the 21-pixel header
+constexpr int32_t kView = 180;   // rows: ten rows below the 21-pixel header
+constexpr int32_t kWidth = 400;  // columns: four columns of 100
 
-// 100 rows in a view of exactly 180 pixels; three columns that fit.
-struct RowsFixture : GeometryFixture {
-  RowsFixture() {
-    platform.SetClientSize({400, 21 + kView});
-    for (int i = 0; i < 3; ++i) grid.AddCol({.lWidth = 100});
-    grid.AddRow({.lCount = 100});
+// 100 rows of 18 and ten columns of 100 in a client that shows kView x kWidth of them.
+struct ScrollFixture : GeometryFixture {
+  explicit ScrollFixture(int32_t rows = 100, int32_t cols = 3) {
+    const int32_t bars = 17;
+    platform.SetClientSize({kWidth + (rows > 10 ? bars : 0), 21 + kView + (cols > 4 ? bars : 0)});
+    for (int i = 0; i < cols; ++i) grid.AddCol({.lWidth = 100});
+    grid.AddRow({.lCount = rows});
   }
-  int32_t Top() { return grid.ScrollBar(quScrollBarV).Value(); }
-  void ScrollTo(int32_t y) { grid.ScrollBar(quScrollBarV).SetValue(y); }
+  ScrollBarObject& V() { return grid.ScrollBar(quScrollBarV); }
+  ScrollBarObject& H() { return grid.ScrollBar(quScrollBarH); }
 };
 
-int32_t StartY(int32_t row) { return (row - 1) * kRow; }
+// From a scroll position, a mode and gap on an item of the given start and size: the position.
+struct Case {
+  int32_t from, item, mode, gap, expected;
+};
 
-TEST(EnsureVisibleRow, AutoScrollsOnlyWhatIsNotInViewAndKeepsTheGap) {
-  RowsFixture f;
-  EXPECT_EQ(f.grid.ScrollBar(quScrollBarV).LargeChange(), kView);
-  f.grid.EnsureVisibleRow(10);  // fully visible
-  EXPECT_EQ(f.Top(), 0);
-  f.grid.EnsureVisibleRow(11);  // just below: its bottom ends 8 pixels above the view's bottom
-  EXPECT_EQ(f.Top(), StartY(11) + kRow - kView + 8);
-  f.grid.EnsureVisibleRow(30, quEnsVisRowAuto, 0);
-  EXPECT_EQ(f.Top(), StartY(30) + kRow - kView);
-  f.grid.EnsureVisibleRow(2);  // above: its top 8 pixels below the view's top
-  EXPECT_EQ(f.Top(), StartY(2) - 8);
-  f.grid.EnsureVisibleRow(1, quEnsVisRowAuto, 20);  // the bar clamps at 0
-  EXPECT_EQ(f.Top(), 0);
-  f.grid.EnsureVisibleRow(100);  // the last row: the bar clamps at its end
-  EXPECT_EQ(f.Top(), f.grid.ScrollBar(quScrollBarV).Max());
-  EXPECT_EQ(f.Top(), 100 * kRow - kView);
-}
-
-TEST(EnsureVisibleRow, TopAndBottomModesWithAndWithoutForce) {
-  RowsFixture f;
-  f.grid.EnsureVisibleRow(3, quEnsVisRowTop);  // fully visible: nothing
-  EXPECT_EQ(f.Top(), 0);
-  f.grid.EnsureVisibleRow(3, quEnsVisRowTopForce);  // still scrolled to 8 below the top
-  EXPECT_EQ(f.Top(), StartY(3) - 8);
-  f.grid.EnsureVisibleRow(40, quEnsVisRowTop, 5);
-  EXPECT_EQ(f.Top(), StartY(40) - 5);
-  f.ScrollTo(StartY(40) + 4);  // row 40 partly above the view
-  f.grid.EnsureVisibleRow(40, quEnsVisRowTop, 0);
-  EXPECT_EQ(f.Top(), StartY(40));
-  f.grid.EnsureVisibleRow(42, quEnsVisRowBottom);  // fully visible: nothing
-  EXPECT_EQ(f.Top(), StartY(40));
-  f.grid.EnsureVisibleRow(42, quEnsVisRowBottomForce);
-  EXPECT_EQ(f.Top(), StartY(42) + kRow - kView + 8);
-  f.grid.EnsureVisibleRow(60, quEnsVisRowBottom, 2);
-  EXPECT_EQ(f.Top(), StartY(60) + kRow - kView + 2);
-  // Bottom on a row above the view still puts it at the bottom.
-  f.grid.EnsureVisibleRow(50, quEnsVisRowBottom, 0);
-  EXPECT_EQ(f.Top(), StartY(50) + kRow - kView);
+TEST(EnsureVisibleRow, EveryModeAndGap) {
+  const int32_t b11 = 11 * kRow, y40 = 39 * kRow;
+  const Case cases[] = {
+      {0, 10, quEnsVisRowAuto, 8, 0},                        // fully visible
+      {0, 11, quEnsVisRowAuto, 8, b11 - kView + 8},          // just below: bottom 8 above the edge
+      {0, 11, quEnsVisRowAuto, 0, b11 - kView},              //
+      {200, 2, quEnsVisRowAuto, 8, kRow - 8},                // above: top 8 below the edge
+      {10, 1, quEnsVisRowAuto, 20, 0},                       // clamped at 0
+      {0, 100, quEnsVisRowAuto, 8, 100 * kRow - kView},      // clamped at the end
+      {0, 3, quEnsVisRowTop, 8, 0},                          // fully visible
+      {0, 40, quEnsVisRowTop, 5, y40 - 5},                   //
+      {y40 + 4, 40, quEnsVisRowTop, 0, y40},                 // partly above
+      {0, 3, quEnsVisRowTopForce, 8, 2 * kRow - 8},          // forced though fully visible
+      {y40, 42, quEnsVisRowBottom, 8, y40},                  // fully visible
+      {0, 60, quEnsVisRowBottom, 2, 60 * kRow - kView + 2},  //
+      {1000, 50, quEnsVisRowBottom, 0, 50 * kRow - kView},   // above the view: to the bottom
+      {y40, 42, quEnsVisRowBottomForce, 8, 42 * kRow - kView + 8},
+  };
+  for (const Case& c : cases) {
+    ScrollFixture f;
+    f.V().SetValue(c.from);
+    f.grid.EnsureVisibleRow(c.item, static_cast<EEnsureVisibleRowMode>(c.mode), c.gap);
+    EXPECT_EQ(f.V().Value(), c.expected) << c.from << " " << c.item << " " << c.mode;
+  }
 }
 
 TEST(EnsureVisibleRow, ARowTallerThanTheViewGoesToTheTopWithoutGap) {
-  RowsFixture f;
+  ScrollFixture f;
   f.grid.SetRowHeight(50, kView + 1);
+  const int32_t y50 = 49 * kRow;
   for (auto mode : {quEnsVisRowAuto, quEnsVisRowBottom, quEnsVisRowBottomForce}) {
-    f.ScrollTo(0);
+    f.V().SetValue(0);
     f.grid.EnsureVisibleRow(50, mode);
-    EXPECT_EQ(f.Top(), StartY(50)) << mode;
+    EXPECT_EQ(f.V().Value(), y50) << mode;
   }
-  f.ScrollTo(0);
+  f.V().SetValue(0);
   f.grid.EnsureVisibleRow(50, quEnsVisRowTop);  // the top modes keep their gap
-  EXPECT_EQ(f.Top(), StartY(50) - 8);
-  f.grid.SetRowHeight(50, kView);  // exactly the view's height fits
-  f.ScrollTo(0);
+  EXPECT_EQ(f.V().Value(), y50 - 8);
+  f.grid.SetRowHeight(50, kView);  // exactly the view's height still fits
+  f.V().SetValue(0);
   f.grid.EnsureVisibleRow(50, quEnsVisRowAuto, 0);
-  EXPECT_EQ(f.Top(), StartY(50));
+  EXPECT_EQ(f.V().Value(), y50);
 }
 
-TEST(EnsureVisibleRow, DoesNothingWhenOffOrHiddenAndEndsEditingOtherwise) {
-  RowsFixture f;
+TEST(EnsureVisibleRow, NothingWhenOffOrNotShownAndBadArgumentsChangeNothing) {
+  ScrollFixture f;
   f.grid.SetEnsureVisibleAutoVScroll(false);
   f.grid.EnsureVisibleRow(50);
-  EXPECT_EQ(f.Top(), 0);
-  EXPECT_EQ(f.events.quits, 0);
   f.grid.SetEnsureVisibleAutoVScroll(true);
   f.grid.SetRowVisible(50, false);
-  f.grid.EnsureVisibleRow(50, quEnsVisRowTopForce);
-  EXPECT_EQ(f.Top(), 0);
-  f.grid.SetRowLevel(71, 1);  // a collapsed child is not shown either
-  f.grid.SetRowExpanded(70, false);
+  f.grid.SetRowLevel(71, 1);
+  f.grid.SetRowExpanded(70, false);  // a collapsed child is not shown either
   const int32_t quits = f.events.quits;
+  f.grid.EnsureVisibleRow(50, quEnsVisRowTopForce);
   f.grid.EnsureVisibleRow(71, quEnsVisRowTopForce);
-  EXPECT_EQ(f.Top(), 0);
+  ExpectError(513, [&] { f.grid.EnsureVisibleRow(101); });
+  ExpectError(513, [&] { f.grid.EnsureVisibleRow("nokey"); });
+  ExpectError(514, [&] { f.grid.EnsureVisibleRow(60, static_cast<EEnsureVisibleRowMode>(5)); });
+  ExpectError(514, [&] { f.grid.EnsureVisibleRow(60, static_cast<EEnsureVisibleRowMode>(-1)); });
+  EXPECT_EQ(f.V().Value(), 0);
   EXPECT_EQ(f.events.quits, quits);
-  f.grid.EnsureVisibleRow(60);
+  f.grid.EnsureVisibleRow(60);  // an edit ends before the grid scrolls
   EXPECT_EQ(f.events.quits, quits + 1);
   // Positions left pending by BeginUpdate are brought up to date first.
   f.grid.BeginUpdate();
   f.grid.SetRowHeights(36, 1, 10);
   f.grid.EnsureVisibleRow(11, quEnsVisRowTopForce, 0);
-  EXPECT_EQ(f.Top(), 360);
+  EXPECT_EQ(f.V().Value(), 360);
   f.grid.EndUpdate();
 }
 
-TEST(EnsureVisibleRow, BadArgumentsFailAndChangeNothing) {
-  RowsFixture f;
-  ExpectError(513, [&] { f.grid.EnsureVisibleRow(101); });
-  ExpectError(513, [&] { f.grid.EnsureVisibleRow("nokey"); });
-  ExpectError(514, [&] { f.grid.EnsureVisibleRow(50, static_cast<EEnsureVisibleRowMode>(5)); });
-  ExpectError(514, [&] { f.grid.EnsureVisibleRow(50, static_cast<EEnsureVisibleRowMode>(-1)); });
-  EXPECT_EQ(f.Top(), 0);
-  EXPECT_EQ(f.events.quits, 0);
-}
-
-// Ten columns of 100 in a 400-pixel view; two rows.
-struct ColsFixture : GeometryFixture {
-  ColsFixture() {
-    platform.SetClientSize({400, 300});
-    for (int i = 0; i < 10; ++i) grid.AddCol({.lWidth = 100});
-    grid.AddRow({.lCount = 2});
-  }
-  int32_t Left() { return grid.ScrollBar(quScrollBarH).Value(); }
-  void ScrollTo(int32_t x) { grid.ScrollBar(quScrollBarH).SetValue(x); }
-};
-
 TEST(EnsureVisibleCol, ModesMirrorTheRowModes) {
-  ColsFixture f;
-  EXPECT_EQ(f.grid.ScrollBar(quScrollBarH).LargeChange(), 400);
-  f.grid.EnsureVisibleCol(4);  // fully visible
-  EXPECT_EQ(f.Left(), 0);
-  f.grid.EnsureVisibleCol(6);  // right edge 600: 8 pixels left of the view's right
-  EXPECT_EQ(f.Left(), 600 - 400 + 8);
-  f.grid.EnsureVisibleCol(3);  // left of the view
-  EXPECT_EQ(f.Left(), 200 - 8);
-  f.grid.EnsureVisibleCol(3, quEnsVisColLeft);
-  EXPECT_EQ(f.Left(), 192);
-  f.grid.EnsureVisibleCol(4, quEnsVisColLeftForce, 0);
-  EXPECT_EQ(f.Left(), 300);
-  f.grid.EnsureVisibleCol(5, quEnsVisColRight);  // fully visible
-  EXPECT_EQ(f.Left(), 300);
-  f.grid.EnsureVisibleCol(5, quEnsVisColRightForce, 10);
-  EXPECT_EQ(f.Left(), 500 - 400 + 10);
-  f.grid.EnsureVisibleCol(9, quEnsVisColRight, 0);
-  EXPECT_EQ(f.Left(), 900 - 400);
-  f.grid.EnsureVisibleCol(1, quEnsVisColLeft, 3);
-  EXPECT_EQ(f.Left(), 0);
-  // A column wider than the view shows its left edge.
-  f.grid.SetColWidth(7, 450);
+  const Case cases[] = {
+      {0, 4, quEnsVisColAuto, 8, 0},      {0, 6, quEnsVisColAuto, 8, 600 - kWidth + 8},
+      {208, 3, quEnsVisColAuto, 8, 192},  {192, 3, quEnsVisColLeft, 8, 192},
+      {0, 5, quEnsVisColLeft, 3, 397},    {0, 4, quEnsVisColLeftForce, 0, 300},
+      {300, 5, quEnsVisColRight, 8, 300}, {110, 9, quEnsVisColRight, 0, 900 - kWidth},
+      {500, 1, quEnsVisColLeft, 3, 0},    {300, 5, quEnsVisColRightForce, 10, 500 - kWidth + 10},
+  };
+  for (const Case& c : cases) {
+    ScrollFixture f(2, 10);
+    f.H().SetValue(c.from);
+    f.grid.EnsureVisibleCol(c.item, static_cast<EEnsureVisibleColMode>(c.mode), c.gap);
+    EXPECT_EQ(f.H().Value(), c.expected) << c.from << " " << c.item << " " << c.mode;
+  }
+  ScrollFixture f(2, 10);
+  f.grid.SetColWidth(7, kWidth + 50);  // wider than the view: its left edge, no gap
   f.grid.EnsureVisibleCol(7, quEnsVisColRightForce);
-  EXPECT_EQ(f.Left(), 600);
-  // A column after a moved one is found where it is now.
-  f.ScrollTo(0);
-  f.grid.SetColPos(10, 1);
-  f.grid.EnsureVisibleCol(10);
-  EXPECT_EQ(f.Left(), 0);
+  EXPECT_EQ(f.H().Value(), 600);
 }
 
-TEST(EnsureVisibleCol, FrozenColumnsForbidItWhateverTheArguments) {
-  ColsFixture f;
+TEST(EnsureVisibleCol, FrozenColumnsForbidItAndHiddenColumnsAreIgnored) {
+  ScrollFixture f(2, 10);
   f.grid.SetFrozenCols(1);
-  ExpectError(522, [&] { f.grid.EnsureVisibleCol(1); });
-  ExpectError(522, [&] { f.grid.EnsureVisibleCol(8, quEnsVisColLeftForce); });
+  ExpectError(522, [&] { f.grid.EnsureVisibleCol(1); });  // even in view and in auto mode
   ExpectError(522, [&] { f.grid.EnsureVisibleCol("nokey"); });
   ExpectError(522, [&] { f.grid.EnsureVisibleCol(2, static_cast<EEnsureVisibleColMode>(9)); });
-  EXPECT_EQ(f.Left(), 0);
   f.grid.SetFrozenCols(0);
   ExpectError(513, [&] { f.grid.EnsureVisibleCol("nokey"); });
   ExpectError(514, [&] { f.grid.EnsureVisibleCol(8, static_cast<EEnsureVisibleColMode>(5)); });
-  EXPECT_EQ(f.Left(), 0);
-}
-
-TEST(EnsureVisibleCol, DoesNothingWhenOffOrForHiddenColumns) {
-  ColsFixture f;
   f.grid.SetEnsureVisibleAutoHScroll(false);
   f.grid.EnsureVisibleCol(8);
-  EXPECT_EQ(f.Left(), 0);
   f.grid.SetEnsureVisibleAutoHScroll(true);
   f.grid.SetColVisible(8, false);
   f.grid.EnsureVisibleCol(8, quEnsVisColLeftForce);
   f.grid.EnsureVisibleCol(f.grid.RowTextCol(), quEnsVisColLeftForce);
-  EXPECT_EQ(f.Left(), 0);
-  EXPECT_EQ(f.events.quits, 1);  // hiding column 8 ended editing; the calls did not
+  EXPECT_EQ(f.H().Value(), 0);
 }
 
 TEST(EnsureVisibleCell, ScrollsBothWaysAndBesideFrozenColumns) {
-  ColsFixture f;
-  f.grid.AddRow({.lCount = 98});
-  const int32_t view = 300 - 21 - 17;  // below the header, above the horizontal bar
+  ScrollFixture f(100, 10);
   f.grid.EnsureVisibleCell(50, 8);
-  EXPECT_EQ(f.grid.ScrollBar(quScrollBarV).Value(), 50 * kRow - view + 8);
-  const int32_t width = f.grid.ScrollBar(quScrollBarH).LargeChange();  // beside the V bar
-  EXPECT_EQ(width, 400 - 17);
-  EXPECT_EQ(f.Left(), 800 - width + 8);
-  EXPECT_EQ(f.events.quits, 1);
-  // With a frozen column the scrollable one comes out beside the frozen edge.
+  EXPECT_EQ(f.V().Value(), 50 * kRow - kView + 8);
+  EXPECT_EQ(f.H().Value(), 800 - kWidth + 8);
+  EXPECT_EQ(f.events.quits, 1);  // one edit ends once
+  // With a frozen column a scrollable one comes out beside the frozen edge.
   f.grid.SetFrozenCols(1);
-  f.ScrollTo(10'000);
-  f.grid.EnsureVisibleCell(50, 4);
+  f.H().SetValue(10'000);
   int32_t left = 0, top = 0, w = 0, h = 0;
+  f.grid.EnsureVisibleCell(50, 4);
   f.grid.CellBoundary(50, 4, left, top, w, h);
   EXPECT_EQ(left, 100 + 8);
-  f.grid.EnsureVisibleCell(50, 1);  // frozen: stays
+  f.grid.EnsureVisibleCell(50, 1);  // frozen: nothing moves
   f.grid.CellBoundary(50, 4, left, top, w, h);
   EXPECT_EQ(left, 108);
   f.grid.EnsureVisibleCell(50, 9);
   f.grid.CellBoundary(50, 9, left, top, w, h);
-  EXPECT_EQ(left + w, 400 - 17 - 8);
+  EXPECT_EQ(left + w, kWidth - 8);
   ExpectError(513, [&] { f.grid.EnsureVisibleCell(101, 1); });
 }
 
 TEST(ScrollBarObject, ReportsTheLayoutAndScrollsWhenSet) {
-  RowsFixture f;
-  auto& v = f.grid.ScrollBar(quScrollBarV);
-  auto& h = f.grid.ScrollBar(quScrollBarH);
-  EXPECT_EQ(v.Bar(), quScrollBarV);
-  EXPECT_TRUE(v.Visible());
-  EXPECT_FALSE(h.Visible());
-  EXPECT_EQ(v.Max(), 100 * kRow - kView);
-  EXPECT_EQ(v.SmallChange(), kRow);
+  ScrollFixture f;
+  EXPECT_EQ(f.V().Bar(), quScrollBarV);
+  EXPECT_TRUE(f.V().Visible());
+  EXPECT_FALSE(f.H().Visible());
+  EXPECT_EQ(f.V().LargeChange(), kView);
+  EXPECT_EQ(f.V().Max(), 100 * kRow - kView);
+  EXPECT_EQ(f.V().SmallChange(), kRow);
   f.grid.SetDefaultRowHeight(20);
-  EXPECT_EQ(v.SmallChange(), 20);
-  EXPECT_EQ(h.SmallChange(), 16);
-  v.SetValue(1'000'000);
-  EXPECT_EQ(v.Value(), v.Max());
-  EXPECT_EQ(f.platform.ScrollBar(quScrollBarV).pos, v.Max());
-  v.SetValue(-5);
-  EXPECT_EQ(v.Value(), 0);
-  // Visibility: forced on, the vertical bar takes its room; forced off, it leaves it.
-  h.SetVisibility(quScrollBarAlways);
-  EXPECT_TRUE(h.Visible());
-  EXPECT_EQ(v.LargeChange(), kView - 17);
-  v.SetVisibility(quScrollBarNever);
-  EXPECT_FALSE(v.Visible());
+  EXPECT_EQ(f.V().SmallChange(), 20);
+  EXPECT_EQ(f.H().SmallChange(), 16);
+  f.V().SetValue(1'000'000);
+  EXPECT_EQ(f.V().Value(), f.V().Max());
+  EXPECT_EQ(f.platform.ScrollBar(quScrollBarV).pos, f.V().Max());
+  // Forced on, the horizontal bar takes its room; forced off, the vertical one leaves its own.
+  f.H().SetVisibility(quScrollBarAlways);
+  EXPECT_TRUE(f.H().Visible());
+  EXPECT_EQ(f.V().LargeChange(), kView - 17);
+  f.V().SetVisibility(quScrollBarNever);
   EXPECT_FALSE(f.platform.ScrollBar(quScrollBarV).visible);
-  EXPECT_EQ(h.LargeChange(), 400);
-  f.grid.EnsureVisibleRow(100);  // still scrolls by code
-  EXPECT_EQ(v.Value(), v.Max());
-  ExpectError(514, [&] { v.SetVisibility(static_cast<EScrollBarVisibility>(3)); });
-  EXPECT_EQ(v.Visibility(), quScrollBarNever);
+  EXPECT_EQ(f.H().LargeChange(), kWidth + 17);
+  f.grid.EnsureVisibleRow(1);  // still scrolls by code
+  EXPECT_EQ(f.V().Value(), 0);
+  ExpectError(514, [&] { f.V().SetVisibility(static_cast<EScrollBarVisibility>(3)); });
+  EXPECT_EQ(f.V().Visibility(), quScrollBarNever);
 }
 
 }  // namespace
