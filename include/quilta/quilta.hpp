@@ -399,6 +399,9 @@ class Quilta {
   // the part of a row below its normal cell height, from the row text's start column on,
   // answers RowTextCol too, while cells to the left of the row text reach down to the row's
   // bottom. Points on the header, outside the columns or below the last row answer no cell.
+  // Each of these members first brings the layout up to date (view rectangles from the client
+  // size, scroll ranges, row positions left pending by BeginUpdate), so it never sees stale
+  // positions; frozen columns never scroll horizontally.
   //
   // The part of a cell under a point. With lRow and lCol both given (not 0), the point is
   // tested against that cell's parts wherever it lies; otherwise the cell is the one under the

@@ -144,7 +144,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // The size a cell's text takes in its own font and text flags (broken into lines no wider
   // than maxWidth when the flags ask for word breaks; maxWidth <= 0: no limit).
   Size CellTextSize(int32_t row, int32_t colIndex, int32_t maxWidth);
-  // AutoWidthCol on a column slot, its arguments checked.
+  // AutoWidthCol on a column slot, its arguments checked. A header divider's double-click sizes
+  // its column with this, no limits given and the rows shown now (quCellVisCurrentlyVisible).
   void AutoWidthColumn(int32_t slot, int32_t minWidth, int32_t maxWidth,
                        ECellVisibilityFilter filter);
 
