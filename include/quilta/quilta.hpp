@@ -13,6 +13,7 @@
 #include <quilta/font.hpp>
 #include <quilta/host.hpp>
 #include <quilta/platform/platform.hpp>
+#include <quilta/scroll_bar_object.hpp>
 #include <quilta/sort_group_object.hpp>
 #include <quilta/variant.hpp>
 #include <string>
@@ -391,6 +392,76 @@ class Quilta {
   int32_t DefaultRowNormalCellHeight() const;
   void SetDefaultRowNormalCellHeight(int32_t lHeight);
   // (geometry section end)
+
+  // ---- Hit testing and visibility -----------------------------------------------------------
+  // Points are client pixels of the control (the header strip included); rectangles come back
+  // in client pixels as left, top, width and height. The cells area maps points as drawing
+  // places cells: frozen columns stand still and cover the scrolled columns beneath them; a
+  // group row answers its row text cell (RowTextCol) across its whole width; with DrawRowText,
+  // the part of a row below its normal cell height, from the row text's start column on,
+  // answers RowTextCol too, while cells to the left of the row text reach down to the row's
+  // bottom. Points on the header, outside the columns or below the last row answer no cell.
+  // Each of these members first brings the layout up to date (view rectangles from the client
+  // size, scroll ranges, row positions left pending by BeginUpdate), so it never sees stale
+  // positions; frozen columns never scroll horizontally.
+  //
+  // The part of a cell under a point. With lRow and lCol both given (not 0), the point is
+  // tested against that cell's parts wherever it lies; otherwise the cell is the one under the
+  // point. A custom-drawn cell reports its check box, combo button and tree button but never an
+  // icon or its text.
+  ECellParts HitTest(int32_t xPixels, int32_t yPixels, int32_t lRow = 0, int32_t lCol = 0) const;
+  // The cell under a point; lRow and lCol are both 0 when there is none.
+  void CellFromPoint(int32_t xPixels, int32_t yPixels, int32_t& lRow, int32_t& lCol) const;
+  // A cell's rectangle: a group row spans every shown column whatever column is asked; the row
+  // text cell lies below the normal cell height from the row text's start column to the last
+  // shown column. Rows scrolled out of view give rectangles outside the cells area.
+  void CellBoundary(const Variant& vRow, const Variant& vCol, int32_t& lLeft, int32_t& lTop,
+                    int32_t& lWidth, int32_t& lHeight) const;
+  // The rectangle the cell's text is drawn in: the cell less its tree indent, combo button,
+  // indents, check box and icons.
+  void CellTextBoundary(const Variant& vRow, const Variant& vCol, int32_t& lLeft, int32_t& lTop,
+                        int32_t& lWidth, int32_t& lHeight) const;
+  // Whether the cell's text, in its font and text flags, needs more room than its text
+  // rectangle (wider, or, when broken into lines, taller); an empty text is never clipped.
+  bool IsCellTextClipped(const Variant& vRow, const Variant& vCol) const;
+  // Scrolls a row into view (nothing while EnsureVisibleAutoVScroll is off or for a row that is
+  // not shown). An out-of-range mode fails with 514.
+  void EnsureVisibleRow(const Variant& vRow, EEnsureVisibleRowMode eMode = quEnsVisRowAuto,
+                        int32_t lGap = 8);
+  // Scrolls a column into view (nothing while EnsureVisibleAutoHScroll is off or for a hidden
+  // column). Fails with 522 whenever FrozenCols is above 0, before anything else is checked; an
+  // out-of-range mode fails with 514.
+  void EnsureVisibleCol(const Variant& vCol, EEnsureVisibleColMode eMode = quEnsVisColAuto,
+                        int32_t lGap = 8);
+  // Scrolls a cell into view in the automatic modes with the default gap: its row vertically,
+  // its column horizontally. Unlike EnsureVisibleCol it works with frozen columns: a frozen
+  // column (and the row text column) needs no horizontal scrolling, a scrollable one is brought
+  // next to the frozen edge or the right edge.
+  void EnsureVisibleCell(const Variant& vRow, const Variant& vCol);
+  // Sizes a column to the widest of its cells' contents (and its header item with
+  // AutoWidthColWithHeader) among the rows AutoWidthColMaxRows allows that pass the filter.
+  // Limits apply in this order: the column's minimum, lMinimumWidth, the column's maximum,
+  // lMaximumWidth (each when >= 0), so a given maximum wins over everything. Both given with the
+  // minimum above the maximum, an out-of-range filter, or the row text column fail with 514.
+  void AutoWidthCol(const Variant& vCol, int32_t lMinimumWidth = -1, int32_t lMaximumWidth = -1,
+                    ECellVisibilityFilter eCellVisibility = quCellVisCurrentlyVisible);
+  // AutoWidthCol on every column whose index lies in vStartCol..vEndCol (column indexes, not
+  // display positions, as SetColWidths; missing ends mean the first and the last column),
+  // hidden ones included, with one redraw.
+  void AutoWidthCols(const Variant& vStartCol = Variant::Missing(),
+                     const Variant& vEndCol = Variant::Missing(), int32_t lMinimumWidth = -1,
+                     int32_t lMaximumWidth = -1,
+                     ECellVisibilityFilter eCellVisibility = quCellVisCurrentlyVisible);
+  // The width of a cell's text alone (its longest line) in the cell's font.
+  int32_t EvaluateTextWidth(const Variant& vRow, const Variant& vCol) const;
+  // The height of a cell's text in the cell's font, broken into lines no wider than lWidth when
+  // the cell's text flags ask for word breaks; lWidth -1 means the width of the cell's text
+  // rectangle as laid out now. A negative width other than -1 fails with 514.
+  int32_t EvaluateTextHeight(const Variant& vRow, const Variant& vCol, int32_t lWidth = -1) const;
+  // The horizontal (quScrollBarH) or vertical (quScrollBarV) scroll bar; any other value fails
+  // with 514.
+  ScrollBarObject& ScrollBar(EScrollBar eBar);
+  // (visibility section end)
 
   // ---- Row hierarchy -----------------------------------------------------------------------
   uint8_t RowLevel(const Variant& vRow) const;

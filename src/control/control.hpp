@@ -159,6 +159,23 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Sets a scroll position (clamped) and redraws when it moved.
   bool ScrollTo(EScrollBar bar, int32_t pos);
 
+  // ---- Visibility: bring a row (resolved index) or a scrollable column (slot) into view by an
+  // ensure-visible mode (0-4) and gap; each returns whether its scroll position changed. They do
+  // nothing while EnsureVisibleAutoVScroll / EnsureVisibleAutoHScroll is off, for rows that are
+  // not shown, columns without a header item and frozen columns (those never scroll). With
+  // endEditing (the public members), an open edit ends before the grid scrolls.
+  bool EnsureRowVisible(int32_t row, int32_t mode, int32_t gap, bool endEditing = false);
+  bool EnsureColVisible(int32_t slot, int32_t mode, int32_t gap, bool endEditing = false);
+  // A cell's parts laid out in its client rectangle, as drawing lays them out.
+  layout::CellParts CellPartsAt(int32_t row, int32_t colIndex);
+  // The size a cell's text takes in its own font and text flags (broken into lines no wider
+  // than maxWidth when the flags ask for word breaks; maxWidth <= 0: no limit).
+  Size CellTextSize(int32_t row, int32_t colIndex, int32_t maxWidth);
+  // AutoWidthCol on a column slot, its arguments checked. A header divider's double-click sizes
+  // its column with this, no limits given and the rows shown now (quCellVisCurrentlyVisible).
+  void AutoWidthColumn(int32_t slot, int32_t minWidth, int32_t maxWidth,
+                       ECellVisibilityFilter filter);
+
   // ---- Drawing: the cells area and the header strip, each inside a clip rectangle.
   void PaintCells(Painter& painter, const Rect& clip);
   void PaintHeader(Painter& painter, const Rect& clip);
@@ -236,6 +253,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   std::shared_ptr<ImageList> imageLists[16];  // [0] unused: 0 names no list
   ScrollBarInfo shownScrollBars[2];
   ExchangeSite exchangeSite{*this};
+  ScrollBarObject hScrollBar{*this, quScrollBarH};
+  ScrollBarObject vScrollBar{*this, quScrollBarV};
   // Sorting and grouping criteria; grouping keeps the criteria the grid is currently grouped by.
   SortGroupObject sortObject;
   SortGroupObject groupObject;

@@ -1,6 +1,7 @@
 #include "layout/view.hpp"
 
 #include <algorithm>
+#include <quilta/scroll_bar_object.hpp>
 
 namespace quilta::layout {
 namespace {
@@ -19,9 +20,13 @@ void View::Layout(Size client, Size scrollBars, const ColumnTotals& cols, int32_
   const int32_t contentWidth = cols.frozenWidth + cols.scrollableWidth;
   // Each bar takes room from the other's extent, so decide twice.
   bool needV = false, needH = false;
+  auto shown = [this](EScrollBar bar, bool overflow) {
+    const int32_t visibility = BarVisibility(bar);
+    return visibility == quScrollBarAlways || (visibility != quScrollBarNever && overflow);
+  };
   for (int pass = 0; pass < 2; ++pass) {
-    needV = contentHeight > client.cy - hdr - (needH ? scrollBars.cy : 0);
-    needH = contentWidth > client.cx - (needV ? scrollBars.cx : 0);
+    needV = shown(quScrollBarV, contentHeight > client.cy - hdr - (needH ? scrollBars.cy : 0));
+    needH = shown(quScrollBarH, contentWidth > client.cx - (needV ? scrollBars.cx : 0));
   }
   const int32_t width = std::max(0, client.cx - (needV ? scrollBars.cx : 0));
   const int32_t height = std::max(0, client.cy - (needH ? scrollBars.cy : 0));

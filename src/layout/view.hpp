@@ -39,6 +39,11 @@ class View {
   // than the view; positions are clamped into their new ranges.
   void Layout(Size client, Size scrollBars, const ColumnTotals& cols, int32_t contentHeight);
   bool LaidOut() const { return laidOut_; }
+  // When each bar is shown (EScrollBarVisibility: automatic, always, never).
+  int32_t BarVisibility(EScrollBar bar) const { return visibility_[bar == quScrollBarV]; }
+  void SetBarVisibility(EScrollBar bar, int32_t visibility) {
+    visibility_[bar == quScrollBarV] = visibility;
+  }
   // Forces the next EnsureLayout to run the pass (client size or resolution changed).
   void Invalidate() { laidOut_ = false; }
 
@@ -82,6 +87,7 @@ class View {
   int32_t frozenWidth_ = 0;
   ScrollState h_;
   ScrollState v_;
+  int32_t visibility_[2] = {0, 0};
 };
 
 // The shown rows (first..last, display order) that meet client Y range [top, bottom); both 0
