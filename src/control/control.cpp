@@ -57,10 +57,12 @@ void Control::SetRecalcRowParms(bool on) {
 // ---- Store notices -------------------------------------------------------------------------
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
+  headerStrip.Reset();  // the strip tracks columns by index, and indexes moved
   if (curCol >= index) curCol += count;
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
+  headerStrip.Reset();
   if (curCol >= index + count) {
     curCol -= count;
   } else if (curCol >= index) {
@@ -84,7 +86,10 @@ void Control::RowsRemoved(int32_t row, int32_t count) {
 }
 
 void Control::RowsCleared(bool columnsToo) {
-  if (columnsToo) ScrollTo(quScrollBarH, 0);
+  if (columnsToo) {
+    ScrollTo(quScrollBarH, 0);
+    headerStrip.Reset();
+  }
   SetCurrentCell(0, 0);
 }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <quilta/quilta.hpp>
 
+#include "header/header_strip.hpp"
 #include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
@@ -145,6 +146,31 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   bool HeaderMouse(MouseAction action, int16_t button, int16_t shift, Point at);
   void CellsMouse(MouseAction action, int16_t button, int16_t shift, Point at);
 
+  // Sizes a column to its contents after a divider double-click (the width its cells and, with
+  // AutoWidthColWithHeader, its header item need, within its limits). Auto-width lives with hit
+  // testing and visibility; until it is wired here this does nothing.
+  void AutoSizeColumnFromDivider(int32_t slot);
+
+  // ---- Header strip: what it asks of the control.
+  struct HeaderSite final : header::HeaderSite {
+    explicit HeaderSite(Control& control) : c(control) {}
+    const model::ColumnStore& Columns() const override { return c.store.Cols(); }
+    const layout::View& GetView() const override { return c.view; }
+    int32_t FrozenCols() const override;
+    header::HeaderLook Look() const override;
+    Platform& GetPlatform() const override { return *c.platform; }
+    QuiltaEvents* Events() const override { return c.events; }
+    void HeaderClicked(int32_t colIndex, int16_t shift) override;
+    void ResizeColumn(int32_t slot, int32_t width) override;
+    bool MoveColumn(int32_t slot, int32_t toSlot) override;
+    void AutoSizeColumn(int32_t slot) override { c.AutoSizeColumnFromDivider(slot); }
+    void InvalidateHeader(const Rect& r) override;
+    Control& c;
+  };
+  // The header strip must be painted again (not while updates are suspended: EndUpdate
+  // repaints everything).
+  void InvalidateHeader();
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -172,6 +198,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   SortGroupObject sortObject;
   SortGroupObject groupObject;
   ops::Criteria groupedBy;
+  HeaderSite headerSite{*this};
+  header::HeaderStrip headerStrip{headerSite};
+  HeaderObject headerObject{*this};
   // (subsystem state end)
 };
 
