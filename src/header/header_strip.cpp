@@ -105,11 +105,15 @@ ItemParts HeaderStrip::Place(const Rect& item, const ItemContent& content,
   int32_t left = inner.left;
   int32_t right = inner.right;
   if (content.mark) {
+    // The mark and the priority sit on the caption's line, wherever the caption is aligned.
+    const int32_t lineHeight =
+        std::min(inner.Height(), std::max(content.text.cy, content.numberSize.cy));
+    const int32_t lineTop = AlignedTop(inner, lineHeight, content.col->headerAlignV);
     if (!content.number.empty()) {
-      parts.number = {right - content.numberSize.cx, inner.top, right, inner.bottom};
+      parts.number = {right - content.numberSize.cx, lineTop, right, lineTop + lineHeight};
       right = parts.number.left - px(kNumberGap);
     }
-    const int32_t markTop = inner.top + (inner.Height() - px(kMarkHeight)) / 2;
+    const int32_t markTop = lineTop + (lineHeight - px(kMarkHeight)) / 2;
     parts.mark = {right - px(kMarkWidth), markTop, right, markTop + px(kMarkHeight)};
     right = parts.mark.left - px(kGap);
   }
