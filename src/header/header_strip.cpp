@@ -78,8 +78,8 @@ int32_t HeaderStrip::SortedColumnCount() const {
   return n;
 }
 
-HeaderStrip::ItemContent HeaderStrip::ContentOf(const model::Column& c,
-                                                const HeaderLook& look) const {
+HeaderStrip::ItemContent HeaderStrip::ContentOf(const model::Column& c, const HeaderLook& look,
+                                                int32_t sortedColumns) const {
   ItemContent content;
   content.col = &c;
   content.textFlags = TextFlagsOf(c);
@@ -88,7 +88,7 @@ HeaderStrip::ItemContent HeaderStrip::ContentOf(const model::Column& c,
   if (look.images && c.headerIcon > 0 && c.headerIcon <= look.images->ImageCount())
     content.icon = look.images->ImageSize();
   content.mark = options_.sortMarks && c.sortKey > 0;
-  if (content.mark && SortedColumnCount() > 1) {
+  if (content.mark && sortedColumns > 1) {
     content.number = std::to_string(c.sortKey);
     content.numberSize = platform.MeasureText(content.number, *look.font, quTextSingleLine, 0);
   }
@@ -130,7 +130,7 @@ int32_t HeaderStrip::WidthNeeded(int32_t slot) const {
   const model::ColumnStore& cols = site_.Columns();
   if (slot < 1 || slot > cols.ColCount()) return 0;
   const HeaderLook look = site_.Look();
-  const ItemContent content = ContentOf(cols.AtSlot(slot), look);
+  const ItemContent content = ContentOf(cols.AtSlot(slot), look, SortedColumnCount());
   // Placed in a wide item, everything but the text keeps its size: the rest is the text's.
   const Rect wide{0, 0, 1 << 20, site_.GetView().HeaderHeight()};
   const ItemParts parts = Place(wide, content, look);
@@ -164,7 +164,8 @@ void HeaderStrip::PaintBackground(Painter& painter, const Rect& r, const HeaderI
   painter.Line({r.left, r.bottom - 1}, {r.right - 1, r.bottom - 1}, look.shadowColor, 1);
 }
 
-void HeaderStrip::PaintItem(Painter& painter, int32_t slot, const HeaderLook& look) {
+void HeaderStrip::PaintItem(Painter& painter, int32_t slot, const HeaderLook& look,
+                            int32_t sortedColumns) {
   const model::Column& c = site_.Columns().AtSlot(slot);
   const Rect r = ItemRect(slot);
   HeaderItemState state;
@@ -175,7 +176,7 @@ void HeaderStrip::PaintItem(Painter& painter, int32_t slot, const HeaderLook& lo
   state.hot = options_.hotTracking && drag_ == Drag::None && hotIndex_ == c.index && look.enabled;
   PaintBackground(painter, r, state, look);
 
-  const ItemContent content = ContentOf(c, look);
+  const ItemContent content = ContentOf(c, look, sortedColumns);
   const ItemParts parts = Place(r, content, look);
   const Color text = look.enabled ? look.foreColor : look.disabledColor;
   painter.PushClip(r);
@@ -222,6 +223,7 @@ void HeaderStrip::Paint(Painter& painter, const Rect& clip) {
   const model::ColumnStore& cols = site_.Columns();
   const int32_t frozen = std::min(site_.FrozenCols(), cols.ColCount());
   const int32_t frozenWidth = view.FrozenWidth();
+  const int32_t sorted = SortedColumnCount();
   painter.PushClip(area);
   int32_t end = frozenWidth;  // right edge of the last item painted
   // Scrolled items first, kept out of the frozen part they slide under.
@@ -230,12 +232,12 @@ void HeaderStrip::Paint(Painter& painter, const Rect& clip) {
     const Rect r = ItemRect(slot);
     if (r.IsEmpty()) continue;
     end = std::max(end, r.right);
-    if (r.Intersects(area)) PaintItem(painter, slot, look);
+    if (r.Intersects(area)) PaintItem(painter, slot, look, sorted);
   }
   painter.PopClip();
   for (int32_t slot = 1; slot <= frozen; ++slot) {
     const Rect r = ItemRect(slot);
-    if (!r.IsEmpty() && r.Intersects(area)) PaintItem(painter, slot, look);
+    if (!r.IsEmpty() && r.Intersects(area)) PaintItem(painter, slot, look, sorted);
   }
   if (end < strip.right) {
     HeaderItemState blank;
@@ -334,6 +336,7 @@ void HeaderStrip::SizeTo(Point at) {
   if (slot == 0) return;
   const model::Column& c = site_.Columns().AtSlot(slot);
   int32_t width = layout::ClampWidth(c, std::max(0, startWidth_ + at.x - dragStart_.x));
+  if (width == c.width) return;
   if (QuiltaEvents* events = site_.Events()) events->ColWidthChanging(dragIndex_, width);
   width = layout::ClampWidth(c, std::max(0, width));
   if (width != c.width) site_.ResizeColumn(slot, width);

@@ -64,10 +64,11 @@ class HeaderStrip {
   enum class Drag { None, Press, Size, Move };
   struct ItemContent;
 
-  ItemContent ContentOf(const model::Column& c, const HeaderLook& look) const;
+  ItemContent ContentOf(const model::Column& c, const HeaderLook& look,
+                        int32_t sortedColumns) const;
   ItemParts Place(const Rect& item, const ItemContent& content, const HeaderLook& look) const;
   int32_t SortedColumnCount() const;
-  void PaintItem(Painter& painter, int32_t slot, const HeaderLook& look);
+  void PaintItem(Painter& painter, int32_t slot, const HeaderLook& look, int32_t sortedColumns);
   void PaintBackground(Painter& painter, const Rect& r, const HeaderItemState& state,
                        const HeaderLook& look);
   void PaintDropMark(Painter& painter, const HeaderLook& look);
