@@ -102,6 +102,9 @@ TEST_F(HeaderPaint, WidthNeededCoversCaptionIconAndMark) {
   // An item exactly that wide shows its caption unclipped.
   grid.SetColWidth("a", c.HeaderItemWidthNeeded(1));
   EXPECT_EQ(PaintAll(grid).TextCall("Alpha")->rect.Width(), 30);
+  // Spacing grows with the resolution like the text: at 192 dpi everything doubles.
+  platform.SetDpi(192);
+  EXPECT_EQ(c.HeaderItemWidthNeeded(1), 8 + 16 + 6 + 60 + 6 + 18 + 2 + 12 + 8);
 }
 
 TEST_F(HeaderPaint, FlatAndThemedLooksWithHotAndPressedItems) {
