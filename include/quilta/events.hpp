@@ -53,6 +53,12 @@ class QuiltaEvents {
   virtual void ColHeaderClick(int32_t /*lCol*/, int16_t /*Shift*/, bool& /*bDoDefault*/) {}
 
   // Column header (raised for what the user does with the mouse, not for the host's own calls).
+  // A mouse button went down or up in the header strip over a column's item (lCol 0 over the
+  // blank rest). Clearing bDoDefault leaves the press to the host: no sorting, sizing or moving.
+  virtual void ColHeaderMouseDown(int32_t /*lCol*/, int16_t /*Button*/, int16_t /*Shift*/,
+                                  int32_t /*x*/, int32_t /*y*/, bool& /*bDoDefault*/) {}
+  virtual void ColHeaderMouseUp(int32_t /*lCol*/, int16_t /*Button*/, int16_t /*Shift*/,
+                                int32_t /*x*/, int32_t /*y*/) {}
   // The pointer entered or left a header item.
   virtual void ColHeaderMouseEnter(int32_t /*lCol*/) {}
   virtual void ColHeaderMouseLeave(int32_t /*lCol*/) {}

@@ -294,7 +294,7 @@ bool HeaderStrip::Mouse(HeaderMouse action, int16_t button, int16_t shift, Point
     case HeaderMouse::Move:
       return Move(at);
     case HeaderMouse::Up:
-      return Up(at);
+      return Up(button, shift, at);
     case HeaderMouse::DblClick:
       return DblClick(button, shift, at);
     case HeaderMouse::Leave:
@@ -303,10 +303,19 @@ bool HeaderStrip::Mouse(HeaderMouse action, int16_t button, int16_t shift, Point
   return false;
 }
 
+int32_t HeaderStrip::ColumnAt(Point at) const {
+  const int32_t slot = SlotAt(at);
+  return slot ? site_.Columns().AtSlot(slot).index : 0;
+}
+
 bool HeaderStrip::Down(int16_t button, int16_t shift, Point at) {
   if (drag_ != Drag::None) return true;
   if (!site_.GetView().HeaderArea().Contains(at)) return false;
-  if (button != 1 || !site_.Look().enabled) return true;
+  if (!site_.Look().enabled) return true;
+  bool doDefault = true;
+  if (QuiltaEvents* events = site_.Events())
+    events->ColHeaderMouseDown(ColumnAt(at), button, shift, at.x, at.y, doDefault);
+  if (button != 1 || !doDefault) return true;
   if (const int32_t divider = DividerAt(at)) {
     const model::Column& c = site_.Columns().AtSlot(divider);
     bool cancel = false;
@@ -432,7 +441,16 @@ void HeaderStrip::EndMove() {
   if (site_.MoveColumn(from, to) && events) events->AfterColMove(colIndex, to, from);
 }
 
-bool HeaderStrip::Up(Point at) {
+bool HeaderStrip::Up(int16_t button, int16_t shift, Point at) {
+  const bool taken = drag_ != Drag::None;
+  if (taken || site_.GetView().HeaderArea().Contains(at)) {
+    if (QuiltaEvents* events = site_.Events())
+      events->ColHeaderMouseUp(ColumnAt(at), button, shift, at.x, at.y);
+  }
+  return EndGesture(at) || taken;
+}
+
+bool HeaderStrip::EndGesture(Point at) {
   switch (drag_) {
     case Drag::None:
       return false;

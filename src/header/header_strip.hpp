@@ -76,7 +76,9 @@ class HeaderStrip {
 
   bool Down(int16_t button, int16_t shift, Point at);
   bool Move(Point at);
-  bool Up(Point at);
+  bool Up(int16_t button, int16_t shift, Point at);
+  bool EndGesture(Point at);
+  int32_t ColumnAt(Point at) const;
   bool DblClick(int16_t button, int16_t shift, Point at);
   bool Leave();
   void Hover(int32_t slot);

@@ -14,6 +14,7 @@ namespace quilta::testing {
 struct HeaderEvents : QuiltaEvents {
   std::vector<std::string> log;
   bool declineSort = false;
+  bool declinePress = false;
   bool refuseSizing = false;
   bool refuseDrag = false;
   bool refuseMove = false;
@@ -27,6 +28,14 @@ struct HeaderEvents : QuiltaEvents {
     if (declineSort) bDoDefault = false;
   }
   void ColHeaderDblClick(int32_t lCol, int16_t) override { Log("dblclick " + N(lCol)); }
+  void ColHeaderMouseDown(int32_t lCol, int16_t Button, int16_t, int32_t x, int32_t,
+                          bool& bDoDefault) override {
+    Log("down " + N(lCol) + " " + N(Button) + " at " + N(x));
+    if (declinePress) bDoDefault = false;
+  }
+  void ColHeaderMouseUp(int32_t lCol, int16_t Button, int16_t, int32_t, int32_t) override {
+    Log("up " + N(lCol) + " " + N(Button));
+  }
   void ColHeaderMouseEnter(int32_t lCol) override { Log("enter " + N(lCol)); }
   void ColHeaderMouseLeave(int32_t lCol) override { Log("leave " + N(lCol)); }
   void ColDividerDblClick(int32_t lCol, bool& bDoDefault) override {

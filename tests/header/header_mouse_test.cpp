@@ -37,6 +37,23 @@ TEST_F(HeaderMouse, ClickSortsShiftAddsALevelAndTheHostMayDecline) {
   EXPECT_EQ(events.Only({"click"}).size(), 5u);
 }
 
+TEST_F(HeaderMouse, PressesAreReportedAndAHostMayTakeThemOver) {
+  grid.HostMouseDown(2, 0, 150, kY);
+  grid.HostMouseUp(2, 0, 150, kY);
+  grid.HostMouseDown(1, 0, 350, kY);  // the blank rest of the strip
+  grid.HostMouseUp(1, 0, 350, kY);
+  EXPECT_EQ(events.Only({"down", "up", "click"}),
+            (Log{"down 2 2 at 150", "up 2 2", "down 0 1 at 350", "up 0 1"}));
+
+  events.log.clear();
+  events.declinePress = true;
+  Click(50);
+  Drag(99, 150);
+  EXPECT_EQ(grid.ColSortKey("a"), 0);
+  EXPECT_EQ(grid.ColWidth("a"), 100);
+  EXPECT_EQ(events.Only({"click", "width"}), Log{});
+}
+
 TEST_F(HeaderMouse, DoubleClicksClickTwiceAndDividerDoubleClicksAskToAutoSize) {
   grid.HostMouseDown(1, 0, 50, kY);
   grid.HostMouseUp(1, 0, 50, kY);
