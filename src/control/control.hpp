@@ -165,6 +165,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     bool MoveColumn(int32_t slot, int32_t toSlot) override;
     void AutoSizeColumn(int32_t slot) override { c.AutoSizeColumnFromDivider(slot); }
     void InvalidateHeader(const Rect& r) override;
+    void ScrollColumnsBy(int32_t dx) override {
+      c.ScrollTo(quScrollBarH, c.view.Scroll(quScrollBarH).pos + dx);
+    }
     Control& c;
   };
   // The header strip must be painted again (not while updates are suspended: EndUpdate

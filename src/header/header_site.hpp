@@ -46,6 +46,8 @@ class HeaderSite {
   virtual bool MoveColumn(int32_t slot, int32_t toSlot) = 0;
   // Sizes a column to its contents (a divider double-click).
   virtual void AutoSizeColumn(int32_t slot) = 0;
+  // Scrolls the scrollable columns by a number of pixels (clamped), for drags past an edge.
+  virtual void ScrollColumnsBy(int32_t dx) = 0;
   // Part of the header strip must be painted again (ignored while updates are suspended).
   virtual void InvalidateHeader(const Rect& r) = 0;
 };

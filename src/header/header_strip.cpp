@@ -22,6 +22,8 @@ constexpr int32_t kNumberGap = 1;
 constexpr int32_t kDividerZone = 4;
 constexpr int32_t kDragStart = 5;
 constexpr int32_t kDropMark = 2;
+constexpr int32_t kAutoScrollZone = 16;
+constexpr int32_t kAutoScrollStep = 20;
 
 constexpr int32_t kAlignBits = quTextCenter | quTextRight | quTextVCenter | quTextBottom;
 
@@ -375,12 +377,28 @@ int32_t HeaderStrip::DropSlot(Point at) const {
   return std::clamp(before > from ? before - 1 : before, first, last);
 }
 
+// A scrollable column dragged near either end of the scrollable part scrolls the columns
+// along, a step per mouse move, so it can reach columns out of view.
+void HeaderStrip::AutoScroll(Point at) {
+  const layout::View& view = site_.GetView();
+  const int32_t from = SlotOfIndex(dragIndex_);
+  if (from <= std::min(site_.FrozenCols(), site_.Columns().ColCount())) return;
+  const int32_t zone = Px(kAutoScrollZone);
+  const int32_t step = Px(kAutoScrollStep);
+  if (at.x >= view.HeaderArea().right - zone) {
+    site_.ScrollColumnsBy(step);
+  } else if (at.x < view.FrozenWidth() + zone) {
+    site_.ScrollColumnsBy(-step);
+  }
+}
+
 bool HeaderStrip::Move(Point at) {
   switch (drag_) {
     case Drag::Size:
       SizeTo(at);
       return true;
     case Drag::Move: {
+      AutoScroll(at);
       const int32_t drop = DropSlot(at);
       if (drop != dropSlot_) {
         dropSlot_ = drop;

@@ -83,6 +83,7 @@ class HeaderStrip {
   bool Leave();
   void Hover(int32_t slot);
   void SizeTo(Point at);
+  void AutoScroll(Point at);
   int32_t DropSlot(Point at) const;
   int32_t DropX(int32_t dropSlot) const;
   void EndMove();

@@ -158,6 +158,23 @@ TEST_F(HeaderMouse, FrozenColumnsMoveOnlyAmongFrozenColumns) {
   EXPECT_EQ(grid.FrozenCols(), 2);
 }
 
+TEST_F(HeaderMouse, DraggingPastTheEdgeScrollsTheColumnsAlong) {
+  platform.SetClientSize({200, 300});
+  grid.SetFrozenCols(1);
+  grid.HostResize();
+  grid.HostMouseDown(1, 0, 150, kY);  // Beta, the first scrollable column
+  for (int i = 0; i < 10; ++i) grid.HostMouseMove(1, 0, 195, kY);
+  // 200 px of scrollable columns in a 100 px part: scrolled to the end.
+  EXPECT_EQ(platform.ScrollBar(quScrollBarH).pos, 100);
+  grid.HostMouseUp(1, 0, 195, kY);
+  EXPECT_EQ(ColumnOrder(), (std::vector<int32_t>{1, 3, 2}));
+
+  grid.HostMouseDown(1, 0, 20, kY);  // a frozen column never scrolls the others
+  for (int i = 0; i < 10; ++i) grid.HostMouseMove(1, 0, 195, kY);
+  grid.HostMouseUp(1, 0, 195, kY);
+  EXPECT_EQ(platform.ScrollBar(quScrollBarH).pos, 100);
+}
+
 TEST_F(HeaderMouse, HoverRaisesEnterAndLeaveAndDragsKeepTheMouse) {
   grid.HostMouseMove(0, 0, 50, kY);
   grid.HostMouseMove(0, 0, 150, kY);
