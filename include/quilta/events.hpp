@@ -81,6 +81,32 @@ class QuiltaEvents {
                                 std::string& /*sGroupText*/) {}
   virtual void ColHeaderClick(int32_t /*lCol*/, int16_t /*Shift*/, bool& /*bDoDefault*/) {}
 
+  // Column header (raised for what the user does with the mouse, not for the host's own calls).
+  // A mouse button went down or up in the header strip over a column's item (lCol 0 over the
+  // blank rest). Clearing bDoDefault leaves the press to the host: no sorting, sizing or moving.
+  virtual void ColHeaderMouseDown(int32_t /*lCol*/, int16_t /*Button*/, int16_t /*Shift*/,
+                                  int32_t /*x*/, int32_t /*y*/, bool& /*bDoDefault*/) {}
+  virtual void ColHeaderMouseUp(int32_t /*lCol*/, int16_t /*Button*/, int16_t /*Shift*/,
+                                int32_t /*x*/, int32_t /*y*/) {}
+  // The pointer entered or left a header item.
+  virtual void ColHeaderMouseEnter(int32_t /*lCol*/) {}
+  virtual void ColHeaderMouseLeave(int32_t /*lCol*/) {}
+  // A double click on a header item; the second press then clicks like the first.
+  virtual void ColHeaderDblClick(int32_t /*lCol*/, int16_t /*Shift*/) {}
+  // A double click on the divider right of a column: the column is sized to its contents unless
+  // bDoDefault is cleared.
+  virtual void ColDividerDblClick(int32_t /*lCol*/, bool& /*bDoDefault*/) {}
+  // Dragging a divider: the start (bCancel refuses the drag), every new width (lNewWidth may be
+  // changed; it is kept within the column's limits afterwards) and the end with the final width.
+  virtual void ColWidthStartChange(int32_t /*lCol*/, bool& /*bCancel*/) {}
+  virtual void ColWidthChanging(int32_t /*lCol*/, int32_t& /*lNewWidth*/) {}
+  virtual void ColWidthEndChange(int32_t /*lCol*/, int32_t /*lWidth*/) {}
+  // Dragging a header item to another display position: the start (bCancel keeps it a click),
+  // the drop (bCancel leaves the order as it is) and the move done.
+  virtual void ColHeaderStartDrag(int32_t /*lCol*/, bool& /*bCancel*/) {}
+  virtual void BeforeColMove(int32_t /*lCol*/, int32_t /*lNewColPos*/, bool& /*bCancel*/) {}
+  virtual void AfterColMove(int32_t /*lCol*/, int32_t /*lNewColPos*/, int32_t /*lOldColPos*/) {}
+
   // Row hierarchy.
   virtual void BeforeRowCollapseExpand(int32_t /*lRowIfAny*/, bool /*bNowExpanded*/,
                                        bool& /*bDoDefault*/) {}

@@ -11,6 +11,7 @@
 #include <quilta/error.hpp>
 #include <quilta/events.hpp>
 #include <quilta/font.hpp>
+#include <quilta/header_object.hpp>
 #include <quilta/host.hpp>
 #include <quilta/platform/platform.hpp>
 #include <quilta/scroll_bar_object.hpp>
@@ -622,6 +623,25 @@ class Quilta {
   // The result as shown: in the aggregate's format, else the column's (counts plainly).
   std::string GroupRowAggrText(const Variant& vRow, int32_t lAggrIndex) const;
   // (grouping section end)
+
+  // ---- Column header -----------------------------------------------------------------------
+  HeaderObject& Header();
+  const HeaderObject& Header() const;
+  // A column's header item. Setters refuse the row text column (it has no header item) and
+  // out-of-range alignments or unknown text flags with 514.
+  std::string ColHeaderText(const Variant& vCol) const;
+  void SetColHeaderText(const Variant& vCol, std::string_view sText);
+  int16_t ColHeaderIcon(const Variant& vCol) const;
+  void SetColHeaderIcon(const Variant& vCol, int16_t iIcon);
+  EHAlignment ColHeaderAlignH(const Variant& vCol) const;
+  void SetColHeaderAlignH(const Variant& vCol, EHAlignment eAlign);
+  EVAlignment ColHeaderAlignV(const Variant& vCol) const;
+  void SetColHeaderAlignV(const Variant& vCol, EVAlignment eAlign);
+  ETextFormatFlags ColHeaderTextFlags(const Variant& vCol) const;
+  void SetColHeaderTextFlags(const Variant& vCol, ETextFormatFlags eFlags);
+  // Whether the user may drag the column's divider.
+  bool ColAllowSizing(const Variant& vCol) const;
+  void SetColAllowSizing(const Variant& vCol, bool bAllow);
 
   // ---- Current cell (the part the stores keep in step) ------------------------------------
   int32_t CurRow() const;

@@ -58,11 +58,13 @@ void Control::SetRecalcRowParms(bool on) {
 // ---- Store notices -------------------------------------------------------------------------
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
+  headerStrip.Reset();  // the strip tracks columns by index, and indexes moved
   if (curCol >= index) curCol += count;
   grouping.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
+  headerStrip.Reset();
   grouping.ColumnsRemoving(index, count);
   if (curCol >= index + count) {
     curCol -= count;
@@ -89,7 +91,10 @@ void Control::RowsRemoved(int32_t row, int32_t count) {
 }
 
 void Control::RowsCleared(bool columnsToo) {
-  if (columnsToo) ScrollTo(quScrollBarH, 0);
+  if (columnsToo) {
+    ScrollTo(quScrollBarH, 0);
+    headerStrip.Reset();
+  }
   grouping.RowsCleared();
   SetCurrentCell(0, 0);
 }

@@ -7,6 +7,7 @@
 
 #include "edit/editor.hpp"
 #include "exchange/exchange_site.hpp"
+#include "header/header_strip.hpp"
 #include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
@@ -228,6 +229,33 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     Control& c;
   };
 
+  // ---- Header strip: what it asks of the control.
+  struct HeaderSite final : header::HeaderSite {
+    explicit HeaderSite(Control& control) : c(control) {}
+    const model::ColumnStore& Columns() const override { return c.store.Cols(); }
+    const layout::View& GetView() const override { return c.view; }
+    int32_t FrozenCols() const override;
+    header::HeaderLook Look() const override;
+    Platform& GetPlatform() const override { return *c.platform; }
+    QuiltaEvents* Events() const override { return c.events; }
+    void HeaderClicked(int32_t colIndex, int16_t shift) override;
+    void ResizeColumn(int32_t slot, int32_t width) override;
+    bool MoveColumn(int32_t slot, int32_t toSlot) override;
+    // A divider double-click sizes the column to what its visible cells (and, with
+    // AutoWidthColWithHeader, its header item) need.
+    void AutoSizeColumn(int32_t slot) override {
+      c.AutoWidthColumn(slot, -1, -1, quCellVisCurrentlyVisible);
+    }
+    void InvalidateHeader(const Rect& r) override;
+    void ScrollColumnsBy(int32_t dx) override {
+      c.ScrollTo(quScrollBarH, c.view.Scroll(quScrollBarH).pos + dx);
+    }
+    Control& c;
+  };
+  // The header strip must be painted again (not while updates are suspended: EndUpdate
+  // repaints everything).
+  void InvalidateHeader();
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -260,6 +288,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   SortGroupObject groupObject;
   GroupingSite groupingSite{*this};
   ops::Grouper grouping{store, props, *resources, groupObject, sortObject, groupingSite};
+  HeaderSite headerSite{*this};
+  header::HeaderStrip headerStrip{headerSite};
+  HeaderObject headerObject{*this};
   // (subsystem state end)
 };
 

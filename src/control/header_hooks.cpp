@@ -1,12 +1,84 @@
-// The header strip's painting and mouse handling. Placeholder until the header lands.
+// The header strip's painting and mouse handling, and what the strip asks of the control.
+#include <quilta/error.hpp>
+
 #include "control/control.hpp"
+#include "ops/sorting/sorter.hpp"
 
 namespace quilta::control {
 
-void Control::PaintHeader(Painter&, const Rect&) {}
+void Control::PaintHeader(Painter& painter, const Rect& clip) { headerStrip.Paint(painter, clip); }
 
-int32_t Control::HeaderItemWidthNeeded(int32_t) { return 0; }
+int32_t Control::HeaderItemWidthNeeded(int32_t slot) { return headerStrip.WidthNeeded(slot); }
 
-bool Control::HeaderMouse(MouseAction, int16_t, int16_t, Point) { return false; }
+bool Control::HeaderMouse(MouseAction action, int16_t button, int16_t shift, Point at) {
+  header::HeaderMouse what = header::HeaderMouse::Leave;
+  switch (action) {
+    case MouseAction::Down:
+      what = header::HeaderMouse::Down;
+      break;
+    case MouseAction::Move:
+      what = header::HeaderMouse::Move;
+      break;
+    case MouseAction::Up:
+      what = header::HeaderMouse::Up;
+      break;
+    case MouseAction::DblClick:
+      what = header::HeaderMouse::DblClick;
+      break;
+    case MouseAction::Leave:
+      what = header::HeaderMouse::Leave;
+      break;
+  }
+  return headerStrip.Mouse(what, button, shift, at);
+}
+
+void Control::InvalidateHeader() {
+  if (view.HeaderVisible()) headerSite.InvalidateHeader(view.HeaderArea());
+}
+
+// ---- HeaderSite ---------------------------------------------------------------------------------
+
+int32_t Control::HeaderSite::FrozenCols() const { return c.props.Long(model::Prop::FrozenCols); }
+
+header::HeaderLook Control::HeaderSite::Look() const {
+  const header::HeaderOptions& o = c.headerStrip.Options();
+  header::HeaderLook look;
+  look.font = o.font ? o.font : c.DefaultFont();
+  look.images = o.imageList ? c.ImageListAt(o.imageList) : nullptr;
+  look.foreColor = c.TranslateColor(o.foreColor);
+  look.backColor = c.TranslateColor(o.backColor);
+  look.shadowColor = c.platform->SystemColor(16);
+  look.highlightColor = c.platform->SystemColor(13);
+  look.enabled = c.props.Bool(model::Prop::Enabled);
+  look.disabledColor = c.props.Bool(model::Prop::ChangeColorsWhenDisabled)
+                           ? c.platform->SystemColor(17)
+                           : look.foreColor;
+  const bool themed = !o.flat && c.props.Bool(model::Prop::UseXPStyles);
+  look.look = themed ? ControlLook::Themed : ControlLook::Flat;
+  look.dpi = c.platform->Dpi();
+  return look;
+}
+
+void Control::HeaderSite::HeaderClicked(int32_t colIndex, int16_t shift) {
+  ops::Sorter(c).HeaderClicked(colIndex, shift);
+}
+
+void Control::HeaderSite::ResizeColumn(int32_t slot, int32_t width) {
+  c.ColumnSizer().SetColWidth(slot, width);
+}
+
+bool Control::HeaderSite::MoveColumn(int32_t slot, int32_t toSlot) {
+  try {
+    c.ColumnSizer().Move(slot, toSlot);
+    return true;
+  } catch (const Error&) {
+    return false;  // a move the order rules refuse is simply not made
+  }
+}
+
+void Control::HeaderSite::InvalidateHeader(const Rect& r) {
+  if (c.updates.count > 0) return;
+  c.platform->InvalidateRect(r);
+}
 
 }  // namespace quilta::control

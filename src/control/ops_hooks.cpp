@@ -11,8 +11,8 @@ void Control::RelayoutAll() {
   RequestRedraw();
 }
 
-// The header strip draws the marks from ColSortKey and ColSortOrder; until it exists, a redraw.
-void Control::SortMarksChanged() { RequestRedraw(); }
+// The header strip draws the marks from ColSortKey and ColSortOrder.
+void Control::SortMarksChanged() { InvalidateHeader(); }
 
 // Scrolling into view belongs to hit testing and visibility, which is not built yet.
 void Control::ScrollCurRowIntoView() {}

@@ -8,9 +8,10 @@ namespace quilta::control {
 
 int32_t Control::HeaderHeightPixels() const {
   if (headerHeight >= 0) return headerHeight;
-  // Automatic: one line of the grid's font with a margin of three pixels above and below.
+  // Automatic: one line of the header's font with a margin of three pixels above and below.
   const int32_t margin = layout::Scale(3, platform->Dpi());
-  return platform->MeasureText("Ag", *FontOf(0), quTextSingleLine, 0).cy + 2 * margin;
+  const std::shared_ptr<Font>& own = headerStrip.Options().font;
+  return platform->MeasureText("Ag", own ? *own : *FontOf(0), quTextSingleLine, 0).cy + 2 * margin;
 }
 
 void Control::EnsureLayout() {
