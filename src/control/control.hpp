@@ -125,8 +125,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // What the one cell part layout needs for a cell of a shown row (resolved row and column
   // index) inside its rectangle. With dynamicIcons, CellDynamicIcons is raised when enabled,
   // as drawing does, so that what is hit and measured is what is drawn.
+  // shownIcons, when given, receives the icon and extra icon the cell shows.
   layout::CellPartsInput CellPartsFor(int32_t row, int32_t colIndex, const Rect& cell,
-                                      bool dynamicIcons);
+                                      bool dynamicIcons, int16_t* shownIcons = nullptr);
   // The image list a cell or header names (1-15), or nullptr.
   const ImageList* ImageListAt(uint8_t number) const;
   // Sets a scroll position (clamped) and redraws when it moved.
@@ -135,6 +136,14 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // ---- Drawing: the cells area and the header strip, each inside a clip rectangle.
   void PaintCells(Painter& painter, const Rect& clip);
   void PaintHeader(Painter& painter, const Rect& clip);
+  // Asks the platform to repaint what a change touched: a cell's rectangle (nothing when it is
+  // out of view), a row's band, a column's strip of the cells area.
+  void InvalidateCell(int32_t row, int32_t colIndex);
+  void InvalidateRowBand(int32_t row);
+  void InvalidateColumnStrip(int32_t colIndex);
+  // Characters of a cell's text matched by the key search in progress; 0 when none (drawn as
+  // the key-search highlight).
+  int32_t KeySearchHighlight(int32_t row, int32_t colIndex);
 
   // The width a column's header item needs to show its caption, icon and sort mark unclipped
   // (auto-width with AutoWidthColWithHeader).
