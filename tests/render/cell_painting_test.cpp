@@ -95,6 +95,29 @@ TEST_F(CellPainting, CheckBoxesShowStateLookAndEnabledState) {
   EXPECT_FALSE(boxes[0]->flag);
 }
 
+TEST_F(CellPainting, ComboButtonsShowInTheCurrentCellOrInEveryCell) {
+  grid.SetCellType(1, 2, quCellTextCombo);
+  grid.SetCellType(3, 2, quCellTextCombo);
+  EXPECT_TRUE(Paint().OpsOf(PaintOpKind::DrawComboButton).empty());
+  SetCurrentCell(1, 2);
+  RecordingPainter p = Paint();
+  auto buttons = p.OpsOf(PaintOpKind::DrawComboButton);
+  ASSERT_EQ(buttons.size(), 1u);
+  const Rect cell = CellRect(1, 2);
+  EXPECT_EQ(buttons[0]->rect, (Rect{cell.right - 17, cell.top, cell.right, cell.bottom}));
+  EXPECT_LE(Text(p, "r1c2")->rect.right, buttons[0]->rect.left);
+  grid.SetShowControlsInAllCells(true);
+  EXPECT_EQ(Paint().OpsOf(PaintOpKind::DrawComboButton).size(), 2u);
+}
+
+TEST_F(CellPainting, VerticalAlignmentAndTextFlagsReachTheText) {
+  grid.SetCellAlignV(1, 1, quAlignVBottom);
+  grid.SetCellTextFlags(1, 2, static_cast<ETextFormatFlags>(quTextWordBreak | quTextCenter));
+  RecordingPainter p = Paint();
+  EXPECT_TRUE(Text(p, "r1c1")->value & quTextBottom);
+  EXPECT_EQ(Text(p, "r1c2")->value, quTextWordBreak | quTextCenter);
+}
+
 struct IconEvents : QuiltaEvents {
   void CellDynamicIcons(int32_t lRow, int32_t lCol, const Variant&, int16_t& iIcon,
                         int16_t& iExtraIcon) override {

@@ -212,6 +212,19 @@ TEST_F(GridPainting, TreeLinesAndButtonsFollowTheTreeProperties) {
   EXPECT_EQ(LineFrom(Paint(), {row2.left + 24, row2.top})->kind, PaintOpKind::Line);
   grid.SetTreeRootLines(false);
   EXPECT_EQ(Text(Paint(), "r2c1")->rect.left, row2.left + 16 + 1);
+
+  grid.SetTreeRootLines(true);
+  grid.SetLevelIndent(20);
+  grid.SetTreeButtonSize(11);
+  grid.SetTreeButtonForeColor(0x0000FF);
+  grid.SetRowExpanded(1, false);
+  p = Paint();
+  EXPECT_EQ(Text(p, "r4c1")->rect.left, row2.left + 20 + 1);
+  buttons = p.OpsOf(PaintOpKind::DrawTreeButton);
+  ASSERT_EQ(buttons.size(), 1u);
+  EXPECT_EQ(buttons[0]->rect.Width(), 11);
+  EXPECT_EQ(buttons[0]->color3, 0x0000FF);
+  EXPECT_FALSE(buttons[0]->flag);  // collapsed: a plus sign
 }
 
 TEST_F(GridPainting, RowTextIsDrawnBelowTheNormalCells) {
