@@ -57,3 +57,40 @@ void BM_PaintView(benchmark::State& state) {
 BENCHMARK(BM_PaintView)->Arg(1'000)->Arg(1'000'000)->Arg(10'000'000)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
+
+namespace {
+
+// A tree of one root over every other row, with tree lines: the root's line runs past the whole
+// grid, which painting learns once per change of the rows, not once per frame.
+View& TreeViewOf(int32_t rows) {
+  static std::unique_ptr<View> v;
+  if (v) return *v;
+  v = std::make_unique<View>();
+  v->platform.SetClientSize({1920, 1080});
+  v->grid = std::make_unique<quilta::Quilta>(v->platform);
+  quilta::Quilta& g = *v->grid;
+  for (int32_t c = 1; c <= kCols; ++c) g.AddCol({.lWidth = 160})->SetvValue("Node");
+  g.AddRow({.lCount = rows});
+  g.BeginUpdate();
+  for (int32_t r = 2; r <= rows; ++r) g.SetRowLevel(r, 1);
+  g.EndUpdate();
+  g.SetRowTreeButton(1, quilta::quRowTreeButtonVisible);
+  g.SetTreeCol(1);
+  g.SetTreeLines(quilta::quTreeLinesDotted);
+  g.HostScroll(quilta::quScrollBarV, rows / 2 * 18);
+  return *v;
+}
+
+void BM_PaintTreeView(benchmark::State& state) {
+  View& v = TreeViewOf(static_cast<int32_t>(state.range(0)));
+  const quilta::Rect all{0, 0, 1920, 1080};
+  quilta::RecordingPainter painter(all);
+  for (auto _ : state) {
+    painter.Clear();
+    v.grid->Paint(painter, all);
+    benchmark::DoNotOptimize(painter.Ops().data());
+  }
+}
+BENCHMARK(BM_PaintTreeView)->Arg(1'000'000)->Unit(benchmark::kMicrosecond);
+
+}  // namespace

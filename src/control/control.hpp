@@ -16,6 +16,7 @@
 #include "model/grid_store.hpp"
 #include "model/store_listener.hpp"
 #include "ops/sorting/sort_group_access.hpp"
+#include "render/tree_line_scans.hpp"
 
 namespace quilta::control {
 
@@ -181,6 +182,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   SortGroupObject sortObject;
   SortGroupObject groupObject;
   ops::Criteria groupedBy;
+  // Grid painting's answers about tree lines, kept while the rows stay as they are.
+  render::TreeLineScans treeLineScans;
   // (subsystem state end)
 };
 

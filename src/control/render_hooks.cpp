@@ -75,8 +75,11 @@ void Control::PaintCells(Painter& painter, const Rect& clip) {
   PaintSite site(*this);
   const render::PaintStyle style = render::PaintStyle::From(
       props, *platform, platform->HasFocus(), dynamicContentEvents, LevelIndentPixels());
-  const render::PaintSource source{store,  *resources, props.FontValue(), *platform, imageLists,
-                                   curRow, curCol};
+  // Every change of row order, levels or count runs a row position pass.
+  treeLineScans.Sync(static_cast<uint64_t>(geometry.RowPasses()) << 32 ^
+                     static_cast<uint32_t>(store.RowCount()));
+  const render::PaintSource source{
+      store, *resources, props.FontValue(), *platform, imageLists, treeLineScans, curRow, curCol};
   const model::ColumnStore& cols = store.Cols();
   const int32_t rowTextSlot = std::max(1, cols.SlotOfIndex(geometry.RowTextStartCol()));
   const render::GridLayout layout{view, geometry.Columns(), rowTextSlot};

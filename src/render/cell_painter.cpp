@@ -178,24 +178,6 @@ void CellPainter::PaintText(int32_t row, int32_t colIndex, const model::Cell& ce
 
 namespace quilta::render {
 
-// Whether the tree line of `level` runs on below `row`: a later row of that level follows before
-// any row of a lower level.
-bool CellPainter::ContinuesBelow(int32_t row, uint8_t level) const {
-  const model::RowStore& rows = src_.store.Rows();
-  Scan& scan = scans_[level];
-  const bool cached = scan.found >= 0 && row >= scan.from && (scan.found == 0 || row < scan.found);
-  if (!cached) {
-    scan = {row, 0};
-    for (int32_t r = row + 1; r <= rows.Count(); ++r) {
-      if (rows.At(r).level <= level) {
-        scan.found = r;
-        break;
-      }
-    }
-  }
-  return scan.found != 0 && rows.At(scan.found).level == level;
-}
-
 // One slot per level: the row's own slot holds its connector (up from the top, across to the
 // slot's right, down when a sibling follows); each ancestor's slot holds a through line when that
 // ancestor has a sibling further down.
@@ -216,7 +198,8 @@ void CellPainter::PaintTreeLines(int32_t row, const layout::CellPartsInput& in, 
     if (level < 0) continue;
     const int32_t slotLeft = in.cell.left + slot * in.levelIndent;
     const int32_t x = slotLeft + in.levelIndent / 2;
-    const bool below = ContinuesBelow(row, static_cast<uint8_t>(level));
+    const bool below =
+        src_.treeLines.ContinuesBelow(src_.store.Rows(), row, static_cast<uint8_t>(level));
     if (slot < own) {
       if (below) line({x, rect.top}, {x, bottom});
       continue;

@@ -3,7 +3,6 @@
 // translucent selection layer. Parts are placed by the one cell part layout.
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <memory>
 #include <quilta/platform/platform.hpp>
@@ -13,6 +12,7 @@
 #include "model/grid_store.hpp"
 #include "render/paint_style.hpp"
 #include "render/render_site.hpp"
+#include "render/tree_line_scans.hpp"
 
 namespace quilta::render {
 
@@ -23,6 +23,7 @@ struct PaintSource {
   const Font& defaultFont;
   const Platform& platform;
   const std::shared_ptr<ImageList>* imageLists;  // 16 entries, [0] unused
+  TreeLineScans& treeLines;
   int32_t curRow = 0;
   int32_t curCol = 0;
 };
@@ -59,21 +60,12 @@ class CellPainter {
   void PaintContents(int32_t row, int32_t colIndex, const model::Cell& cell, const Rect& cell_rect,
                      const Look& look, bool selected);
   void PaintTreeLines(int32_t row, const layout::CellPartsInput& in, const Rect& rect);
-  bool ContinuesBelow(int32_t row, uint8_t level) const;
   void PaintText(int32_t row, int32_t colIndex, const model::Cell& cell, const Rect& textRect,
                  const Look& look, bool opaque);
   Rect TextExtent(const Rect& r, std::string_view text, const Font& font, int32_t flags) const;
 
-  // The row found by the last downward scan for a level: the first row after `from` whose level
-  // is at most that level (0: none). It answers every later row before it without a new scan.
-  struct Scan {
-    int32_t from = 0;
-    int32_t found = -1;  // -1: no scan yet
-  };
-
   const PaintSource& src_;
   const PaintStyle& style_;
-  mutable std::array<Scan, 256> scans_{};
   RenderSite& site_;
   Painter& p_;
 };

@@ -207,6 +207,15 @@ TEST_F(GridPainting, TreeLinesAndButtonsFollowTheTreeProperties) {
     downFromRow3 |=
         op->from == Point{row3.left + 24, row3.top + row3.Height() / 2} && op->to.y > op->from.y;
   EXPECT_FALSE(downFromRow3);
+  // A new sibling below row 3 is seen by the next paint.
+  grid.SetRowLevel(4, 1);
+  p = Paint();
+  bool down = false;
+  for (const PaintOp* op : p.OpsOf(PaintOpKind::DottedLine))
+    down |=
+        op->from == Point{row3.left + 24, row3.top + row3.Height() / 2} && op->to.y > op->from.y;
+  EXPECT_TRUE(down);
+  grid.SetRowLevel(4, 0);
 
   grid.SetTreeLines(quTreeLinesSolid);
   EXPECT_EQ(LineFrom(Paint(), {row2.left + 24, row2.top})->kind, PaintOpKind::Line);
