@@ -252,6 +252,21 @@ TEST_F(GridPainting, RowTextIsDrawnBelowTheNormalCells) {
   EXPECT_EQ(Text(p, "r2c2")->rect.bottom, row.top + 18);
 }
 
+TEST_F(GridPainting, GroupRowsSpanTheWidthWithTheirRowTextCell) {
+  // Grouping builds group rows elsewhere; here a row is marked as one directly.
+  control::Internals(grid).store.Rows().At(2).flags |= model::RowRecord::kGroupRow;
+  grid.SetCellValue(2, grid.RowTextCol(), "Group: 2");
+  RecordingPainter p = Paint();
+  const Rect row = CellRect(2, 1);
+  const PaintOp* fill = At(p, PaintOpKind::FillRect, {0, row.top, 240, row.bottom});
+  ASSERT_NE(fill, nullptr);
+  const PaintOp* text = Text(p, "Group: 2");
+  ASSERT_NE(text, nullptr);
+  EXPECT_EQ(text->rect.left, 16 + 1);  // after the group row's tree slot
+  EXPECT_EQ(Text(p, "r2c1"), nullptr);
+  EXPECT_NE(LineFrom(p, {0, row.bottom - 1}), nullptr);
+}
+
 class ManyRows : public RenderTest {};
 
 TEST_F(ManyRows, PaintingVisitsOnlyTheRowsInView) {
