@@ -6,6 +6,7 @@
 #include <memory>
 #include <quilta/enums.hpp>
 #include <quilta/font.hpp>
+#include <quilta/platform/painter.hpp>
 #include <quilta/variant.hpp>
 #include <string>
 
@@ -38,6 +39,21 @@ class QuiltaEvents {
                                 int16_t& /*iIcon*/, int16_t& /*iExtraIcon*/) {}
   virtual void CellDynamicText(int32_t /*lRow*/, int32_t /*lCol*/, const Variant& /*vValue*/,
                                std::string& /*sText*/) {}
+
+  // Custom drawing of cells whose CellType is quCellCustomDraw. For each such cell the grid
+  // raises CustomDrawCellBackground, then CustomDrawCellForeground, with the painter clipped to
+  // the cell's rectangle (client pixels; right and bottom exclusive). bSelected tells whether the
+  // cell is drawn highlighted. Leaving bDoDefault True lets the grid draw that layer itself
+  // afterwards (the background colour and hatching; the check box and icons); grid lines, the
+  // selection layer and the focus rectangle are drawn by the grid in any case.
+  virtual void CustomDrawCellBackground(int32_t /*lRow*/, int32_t /*lCol*/, Painter& /*oPainter*/,
+                                        int32_t /*lLeft*/, int32_t /*lTop*/, int32_t /*lRight*/,
+                                        int32_t /*lBottom*/, bool /*bSelected*/,
+                                        bool& /*bDoDefault*/) {}
+  virtual void CustomDrawCellForeground(int32_t /*lRow*/, int32_t /*lCol*/, Painter& /*oPainter*/,
+                                        int32_t /*lLeft*/, int32_t /*lTop*/, int32_t /*lRight*/,
+                                        int32_t /*lBottom*/, bool /*bSelected*/,
+                                        bool& /*bDoDefault*/) {}
 
   // Editing. The TextEdit* events are forwarded from the in-cell text box with the edited
   // cell's row and column; a handler may set KeyCode or KeyAscii to 0 to eat the key.

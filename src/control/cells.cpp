@@ -41,7 +41,7 @@ void Control::SetCellProperty(int32_t row, int32_t colIndex, ECellProperty p, co
     cell.state |= model::Cell::kRemeasure;
     geometry.RecordChange(model::kLayoutRows);
   }
-  RequestRedraw();
+  InvalidateCell(row, colIndex);
 }
 
 void Control::SetCellValue(int32_t row, int32_t colIndex, const Variant& value) {
@@ -57,7 +57,7 @@ void Control::SetCellValue(int32_t row, int32_t colIndex, const Variant& value) 
   }
   cell.state |= model::Cell::kRemeasure;
   geometry.RecordChange(model::kLayoutRows);
-  RequestRedraw();
+  InvalidateCell(row, colIndex);
 }
 
 // One conversion and check, then one pass writing the field of every cell in the row range.
@@ -85,7 +85,7 @@ void Control::SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Va
     column.NoteRefs(store.CellAt(firstRow, colIndex));
   if (watched) grouping.RefreshTexts();
   if (AffectsTextSize(p)) geometry.RecordChange(model::kLayoutRows);
-  RequestRedraw();
+  InvalidateColumnStrip(colIndex);
 }
 
 Color Control::TranslateColor(Color c) const {

@@ -114,6 +114,11 @@ void Control::SetCurrentCell(int32_t row, int32_t col) {
   int32_t oldCol = curCol;
   curRow = row;
   curCol = col;
+  // The focus rectangle moves: repaint the bands of the rows it leaves and enters.
+  const int32_t rowCount = store.RowCount();
+  if (oldRow >= 1 && oldRow <= rowCount && (oldRow != row || oldCol != col))
+    InvalidateRowBand(oldRow);
+  if (row >= 1 && row <= rowCount && row != oldRow) InvalidateRowBand(row);
   if (!events || (oldRow == row && oldCol == col)) return;
   events->CurCellChange(row, col, oldRow, oldCol);
   if (oldRow != row) events->CurRowChange(row, oldRow);

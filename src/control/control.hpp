@@ -20,6 +20,7 @@
 #include "model/store_listener.hpp"
 #include "ops/grouping/grouper.hpp"
 #include "ops/sorting/sort_group_access.hpp"
+#include "render/tree_line_scans.hpp"
 
 namespace quilta::control {
 
@@ -91,8 +92,6 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void EndEditing();
   // Scrolls a cell into view before it is edited.
   void EnsureCellVisible(int32_t row, int32_t colIndex);
-  // Asks for the cell's rectangle to be painted again.
-  void InvalidateCell(int32_t row, int32_t colIndex);
   struct EditSiteImpl final : edit::EditSite {
     explicit EditSiteImpl(Control& control) : c(control) {}
     QuiltaEvents* Events() override { return c.events; }
@@ -109,7 +108,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     void StoreValue(int32_t row, int32_t colIndex, const Variant& value) override;
     void StoreComboListIndex(int32_t row, int32_t colIndex, int32_t index) override;
     void StoreCheckState(int32_t row, int32_t colIndex, ECellCheckState state) override;
-    void RedrawCell(int32_t row, int32_t colIndex) override { c.InvalidateCell(row, colIndex); }
+    void RedrawCell(int32_t row, int32_t colIndex) override;
     Control& c;
   };
 
@@ -153,8 +152,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // What the one cell part layout needs for a cell of a shown row (resolved row and column
   // index) inside its rectangle. With dynamicIcons, CellDynamicIcons is raised when enabled,
   // as drawing does, so that what is hit and measured is what is drawn.
+  // shownIcons, when given, receives the icon and extra icon the cell shows.
   layout::CellPartsInput CellPartsFor(int32_t row, int32_t colIndex, const Rect& cell,
-                                      bool dynamicIcons);
+                                      bool dynamicIcons, int16_t* shownIcons = nullptr);
   // The image list a cell or header names (1-15), or nullptr.
   const ImageList* ImageListAt(uint8_t number) const;
   // Sets a scroll position (clamped) and redraws when it moved.
@@ -180,6 +180,14 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // ---- Drawing: the cells area and the header strip, each inside a clip rectangle.
   void PaintCells(Painter& painter, const Rect& clip);
   void PaintHeader(Painter& painter, const Rect& clip);
+  // Asks the platform to repaint what a change touched: a cell's rectangle (nothing when it is
+  // out of view), a row's band, a column's strip of the cells area.
+  void InvalidateCell(int32_t row, int32_t colIndex);
+  void InvalidateRowBand(int32_t row);
+  void InvalidateColumnStrip(int32_t colIndex);
+  // Characters of a cell's text matched by the key search in progress; 0 when none (drawn as
+  // the key-search highlight).
+  int32_t KeySearchHighlight(int32_t row, int32_t colIndex);
 
   // The width a column's header item needs to show its caption, icon and sort mark unclipped
   // (auto-width with AutoWidthColWithHeader).
@@ -291,6 +299,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   HeaderSite headerSite{*this};
   header::HeaderStrip headerStrip{headerSite};
   HeaderObject headerObject{*this};
+  // Grid painting's answers about tree lines, kept while the rows stay as they are.
+  render::TreeLineScans treeLineScans;
   // (subsystem state end)
 };
 

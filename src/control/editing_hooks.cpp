@@ -9,12 +9,6 @@ void Control::EnsureCellVisible(int32_t, int32_t) {
   // Scrolling a cell into view arrives with hit testing and visibility.
 }
 
-void Control::InvalidateCell(int32_t row, int32_t colIndex) {
-  if (row < 1 || row > store.Rows().Count() || updates.count > 0) return;
-  EnsureLayout();
-  platform->InvalidateRect(CellRect(row, colIndex));
-}
-
 std::string Control::EditSiteImpl::CellText(int32_t row, int32_t colIndex) {
   return c.CellText(row, colIndex);
 }
@@ -45,6 +39,14 @@ void Control::EditSiteImpl::ClearSearchString() {
 
 void Control::EditSiteImpl::KeySearchCharacter(int32_t) {
   // Typed characters reach key search through the interaction subsystem.
+}
+
+void Control::EditSiteImpl::RedrawCell(int32_t row, int32_t colIndex) {
+  // The edited row may have gone while its editor closed.
+  if (row >= 1 && row <= c.store.Rows().Count() && colIndex >= 1 &&
+      colIndex <= c.store.Cols().RowTextCol()) {
+    c.InvalidateCell(row, colIndex);
+  }
 }
 
 void Control::EditSiteImpl::StoreValue(int32_t row, int32_t colIndex, const Variant& value) {

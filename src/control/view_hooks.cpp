@@ -52,7 +52,7 @@ Size ImageSizeIn(const ImageList* list, int16_t index) {
 }  // namespace
 
 layout::CellPartsInput Control::CellPartsFor(int32_t row, int32_t colIndex, const Rect& cell,
-                                             bool dynamicIcons) {
+                                             bool dynamicIcons, int16_t* shownIcons) {
   const model::Cell& c = store.CellAt(row, colIndex);
   const model::RowRecord& r = store.Rows().At(row);
   const int32_t dpi = platform->Dpi();
@@ -86,6 +86,7 @@ layout::CellPartsInput Control::CellPartsFor(int32_t row, int32_t colIndex, cons
   if (dynamicIcons && events && (dynamicContentEvents & quDCEventCellDynamicIcons)) {
     events->CellDynamicIcons(row, colIndex, c.value, icon, extraIcon);
   }
+  if (shownIcons) shownIcons[0] = icon, shownIcons[1] = extraIcon;
   in.icon = ImageSizeIn(ImageListAt(c.ImageList()), icon);
   in.extraIcon = ImageSizeIn(ImageListAt(c.ExtraImageList()), extraIcon);
   in.iconToText = c.IconToText();

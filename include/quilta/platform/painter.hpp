@@ -87,7 +87,7 @@ class Painter {
 
   // ---- Images and frame controls
   // Image `index` (1-based) of the list with its top-left corner at `at`; `blend` tints it with
-  // the selection colour (HighlightSelIcons), `disabled` draws it greyed.
+  // the selection colour (HighlightSelIcons; -1: no tint), `disabled` draws it greyed.
   virtual void DrawImage(const ImageList& list, int32_t index, Point at, Color blend,
                          bool disabled) = 0;
   virtual void DrawCheckBox(const Rect& r, ECellCheckState state, ControlLook look,
