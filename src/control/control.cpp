@@ -57,35 +57,30 @@ void Control::SetRecalcRowParms(bool on) {
 // ---- Store notices -------------------------------------------------------------------------
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
-  if (curCol >= index) curCol += count;
+  selection.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
-  if (curCol >= index + count) {
-    curCol -= count;
-  } else if (curCol >= index) {
-    SetCurrentCell(curRow, 0);
-  }
+  selection.ColumnsRemoved(index, count);
 }
 
-void Control::RowsInserted(int32_t row, int32_t count) {
-  if (curRow >= row) curRow += count;
-}
+void Control::RowsInserted(int32_t row, int32_t count) { selection.RowsInserted(row, count); }
 
-void Control::RowsRemoved(int32_t row, int32_t count) {
-  // A current row strictly inside the removed block moves to current row - count, before the
-  // block: the grid has always done so and hosts rely on it.
-  if (curRow > row) {
-    curRow -= count;
-    if (curRow < 1) SetCurrentCell(0, curCol);
-  } else if (curRow == row) {
-    SetCurrentCell(0, curCol);
-  }
-}
+void Control::RowsRemoved(int32_t row, int32_t count) { selection.RowsRemoved(row, count, false); }
+
+void Control::RowsTruncated(int32_t row, int32_t count) { selection.RowsRemoved(row, count, true); }
 
 void Control::RowsCleared(bool columnsToo) {
   if (columnsToo) geometry.SetHScrollPos(0);
-  SetCurrentCell(0, 0);
+  viewSite.topRow = 1;
+  keySearch.Clear();
+  selection.RowsCleared();
+}
+
+void Control::RestoreSelection() {
+  selection.RowsReordered(reorderSaved);
+  reorderSaved.clear();
+  reorderSaved.shrink_to_fit();
 }
 
 bool Control::RequestRow(int32_t row) {
@@ -96,17 +91,6 @@ bool Control::RequestRow(int32_t row) {
 
 void Control::RequestRowData(int32_t row) {
   if (events) events->RequestRowData(row);
-}
-
-void Control::SetCurrentCell(int32_t row, int32_t col) {
-  int32_t oldRow = curRow;
-  int32_t oldCol = curCol;
-  curRow = row;
-  curCol = col;
-  if (!events || (oldRow == row && oldCol == col)) return;
-  events->CurCellChange(row, col, oldRow, oldCol);
-  if (oldRow != row) events->CurRowChange(row, oldRow);
-  if (oldCol != col) events->CurColChange(col, oldCol);
 }
 
 // ---- Column default cells ------------------------------------------------------------------

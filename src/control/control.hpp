@@ -5,6 +5,9 @@
 #include <memory>
 #include <quilta/quilta.hpp>
 
+#include "interaction/key_search.hpp"
+#include "interaction/keyboard_commands.hpp"
+#include "interaction/selection.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
 #include "layout/row_sizing.hpp"
@@ -36,6 +39,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void ColumnsRemoved(int32_t index, int32_t count) override;
   void RowsInserted(int32_t row, int32_t count) override;
   void RowsRemoved(int32_t row, int32_t count) override;
+  void RowsTruncated(int32_t row, int32_t count) override;
   void RowsCleared(bool columnsToo) override;
   bool RequestRow(int32_t row) override;
   void RequestRowData(int32_t row) override;
@@ -59,8 +63,16 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Runs the row position pass from a row now and clears what was pending.
   void RunRowPass(int32_t from);
 
-  // ---- Current cell: renumbered silently when rows or columns move, cleared when they go.
-  void SetCurrentCell(int32_t row, int32_t col);
+  // ---- Current cell and selection: renumbered silently when rows or columns move, cleared
+  // when they go. A reorder (sorting, MoveRow) keeps the selected items on their data rows:
+  // RememberSelection before, RestoreSelection after.
+  void SetCurrentCell(int32_t row, int32_t col) { selection.PlaceCurrent(row, col); }
+  int32_t CurRow() const { return selection.CurRow(); }
+  int32_t CurCol() const { return selection.CurCol(); }
+  void RememberSelection() { reorderSaved = selection.ItemsByPhys(); }
+  void RestoreSelection();
+  // Where a printable character goes when no edit is open: key search or the editor.
+  void CharacterTyped(int32_t charCode);
 
   // ---- Cells: one property of one cell (resolved row and column index).
   Variant CellProperty(int32_t row, int32_t colIndex, ECellProperty p) const;
@@ -110,6 +122,51 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
   void Regroup();
 
+  // ---- Interaction: the sites the selection, the keyboard and key search reach out through.
+  struct SelectionSite final : interaction::SelectionSite {
+    explicit SelectionSite(Control& control) : c(control) {}
+    QuiltaEvents* Events() override { return c.events; }
+    void EndEditing() override { c.EndEditing(); }
+    void Redraw() override { c.RequestRedraw(); }
+    Control& c;
+  };
+  // Scrolling into view and the view's extent belong to hit testing and visibility, which is not
+  // built yet. Until it is, this placeholder keeps a top row and measures the view with the row
+  // heights and the cells area; it scrolls vertically only.
+  struct ViewPlaceholder final : interaction::ViewSite {
+    explicit ViewPlaceholder(Control& control) : c(control) {}
+    bool EnsureCellVisible(int32_t row, int32_t col) override;
+    bool EnsureRowVisible(int32_t row, int32_t gap) override;
+    int32_t ViewHeight() override;
+    int32_t FirstFullyVisibleRow() override;
+    int32_t LastFullyVisibleRow() override;
+    void ScrollLines(int32_t columns, int32_t rows) override;
+    void ScrollPages(int32_t pages) override;
+    int32_t TopRow();
+    Control& c;
+    int32_t topRow = 1;
+  };
+  // In-cell editing, the clipboard and the context menu are not built yet: their keys do
+  // nothing until they are. The row hierarchy and virtual rows are real.
+  struct CommandPlaceholder final : interaction::CommandSite {
+    explicit CommandPlaceholder(Control& control) : c(control) {}
+    bool IsEditing() override { return false; }
+    interaction::EditKind EditKindOf(int32_t row, int32_t col) override;
+    void RequestEditCurCell(int32_t, bool) override {}
+    bool CommitEdit() override { return false; }
+    void CancelEdit() override { c.EndEditing(); }
+    bool ToggleCheckBox(int32_t, int32_t) override { return false; }
+    void Copy(bool) override {}
+    void Cut() override {}
+    void Paste() override {}
+    void ClearSelectedCells() override {}
+    void ShowContextMenu(int32_t, int32_t) override {}
+    void SetRowExpanded(int32_t row, bool expanded) override;
+    void ExpandSubtree(int32_t row) override;
+    bool EnsureVirtualRows(int32_t row) override { return c.store.EnsureVirtualRows(row); }
+    Control& c;
+  };
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -123,8 +180,6 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   layout::Geometry geometry;
   std::shared_ptr<model::CellResources> resources;
   model::GridStore store;
-  int32_t curRow = 0;
-  int32_t curCol = 0;
   CombosObject combos;
   int32_t dynamicContentEvents = quDCEventNone;
   GeometrySite geometrySite{*this};
@@ -133,6 +188,18 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   SortGroupObject sortObject;
   SortGroupObject groupObject;
   ops::Criteria groupedBy;
+  SelectionSite selectionSite{*this};
+  ViewPlaceholder viewSite{*this};
+  CommandPlaceholder commandSite{*this};
+  interaction::Selection selection{store, props, selectionSite, viewSite};
+  SelItemsObject selItemsObject{selection.Items()};
+  std::vector<interaction::PhysItem> reorderSaved;
+  int32_t keySearchCol = 0;
+  interaction::KeySearch keySearch{
+      store,         props,        selection,
+      selectionSite, keySearchCol, [this](int32_t r, int32_t c) { return CellText(r, c); }};
+  interaction::KeyboardCommands keyboard{store,    props,       selection,    keySearch,
+                                         viewSite, commandSite, selectionSite};
   // (subsystem state end)
 };
 

@@ -80,10 +80,7 @@ void Quilta::SetRowTag(const Variant& vRow, const Variant& vTag) {
 
 int32_t Quilta::RowCount() const { return c_->store.RowCount(); }
 
-void Quilta::SetRowCount(int32_t lCount) {
-  c_->store.SetRowCount(lCount);
-  if (c_->curRow > lCount) c_->SetCurrentCell(0, c_->curCol);
-}
+void Quilta::SetRowCount(int32_t lCount) { c_->store.SetRowCount(lCount); }
 
 void Quilta::Clear(bool bRemoveCols) { c_->store.Clear(bRemoveCols); }
 
@@ -128,8 +125,5 @@ bool Quilta::Supports(ESupportFeatures eFeature) const {
   }
   throw Error::FromCode(quErrInvalidArgument);
 }
-
-int32_t Quilta::CurRow() const { return c_->curRow; }
-int32_t Quilta::CurCol() const { return c_->curCol; }
 
 }  // namespace quilta
