@@ -20,7 +20,11 @@ bool Selection::RowShownForSelection(int32_t row) const {
   return rec.Visible() && rec.VisibleAsChild();
 }
 
+// A cell still equal to its column's template has no record to mark; giving it one would build
+// every record of the column up to that row just to move the focus.
 void Selection::MarkRedraw(int32_t row, int32_t col) {
+  int32_t phys = store_.Rows().At(row).phys;
+  if (store_.Cells().Column(col).IsTemplate(phys)) return;
   store_.MutableCell(row, col).checkPos |= Cell::kNeedsRedraw;
 }
 
@@ -57,11 +61,11 @@ void Selection::SetAnchor(int32_t row, int32_t col, bool state) {
 
 void Selection::SetCellSelState(int32_t row, int32_t col, bool select, bool updateList,
                                 bool raiseBefore) {
-  Cell& cell = store_.MutableCell(row, col);
+  const Cell& cell = store_.CellAt(row, col);
   if (cell.Selected() == select) return;
   if (select && !cell.Selectable()) return;
   if (raiseBefore && !beforeRaised_) RaiseBefore();
-  Cell& now = store_.MutableCell(row, col);  // a handler may have grown the store
+  Cell& now = store_.MutableCell(row, col);  // after the event: a handler may grow the store
   now.SetSelected(select);
   now.checkPos |= Cell::kNeedsRedraw;
   if (updateList) {
@@ -110,6 +114,8 @@ void Selection::SelectOnly(int32_t row, int32_t col, bool raiseAfterNow) {
   beforeRaised_ = false;
   bool rowMode = RowMode();
   bool wasListed = false;
+  // The list follows each cell as it changes (and is rebuilt at the end), so that a handler that
+  // throws half-way leaves the cells and the list agreeing.
   for (const SelItem& item : items_.Items()) {
     if (item.row > store_.RowCount()) continue;  // a handler removed rows meanwhile
     if (rowMode) {
@@ -117,21 +123,21 @@ void Selection::SelectOnly(int32_t row, int32_t col, bool raiseAfterNow) {
         wasListed = true;
         continue;
       }
-      SetLineSelState(item.row, false, false, true);
+      SetLineSelState(item.row, false, true, true);
     } else {
       if (item.row == row && item.col == col) {
         wasListed = true;
         continue;
       }
       if (item.col <= store_.Cols().RowTextCol())
-        SetCellSelState(item.row, item.col, false, false, true);
+        SetCellSelState(item.row, item.col, false, true, true);
     }
   }
   if (!wasListed) {
     if (rowMode) {
-      SetLineSelState(row, true, false, true);
+      SetLineSelState(row, true, true, true);
     } else {
-      SetCellSelState(row, col, true, false, true);
+      SetCellSelState(row, col, true, true, true);
     }
   }
   items_.Clear();
@@ -380,16 +386,16 @@ void Selection::ClearSelection() {
     for (const SelItem& item : items_.Items()) {
       if (item.row > store_.RowCount()) continue;
       if (rowMode) {
-        SetRowSelState(item.row, false, false, true);
+        SetRowSelState(item.row, false, true, true);
       } else if (item.col <= store_.Cols().RowTextCol()) {
-        SetCellSelState(item.row, item.col, false, false, true);
+        SetCellSelState(item.row, item.col, false, true, true);
       }
     }
   } else if (curRow_ >= 1 && curRow_ <= store_.RowCount()) {
     if (rowMode) {
-      SetRowSelState(curRow_, false, false, true);
+      SetRowSelState(curRow_, false, true, true);
     } else if (InGrid(curRow_, curCol_)) {
-      SetCellSelState(curRow_, curCol_, false, false, true);
+      SetCellSelState(curRow_, curCol_, false, true, true);
     }
   }
   items_.Clear();
@@ -444,22 +450,22 @@ void Selection::LeaveMultiSelect() {
   for (const SelItem& item : items_.Items()) {
     if (item.row > store_.RowCount()) continue;
     if (rowMode) {
-      if (item.row != curRow_) SetLineSelState(item.row, false, false, true);
+      if (item.row != curRow_) SetLineSelState(item.row, false, true, true);
     } else if (!(item.row == curRow_ && item.col == curCol_) &&
                item.col <= store_.Cols().RowTextCol()) {
-      SetCellSelState(item.row, item.col, false, false, true);
+      SetCellSelState(item.row, item.col, false, true, true);
     }
   }
-  bool keep = rowMode ? curRow_ >= 1 && curRow_ <= store_.RowCount() : InGrid(curRow_, curCol_);
-  bool kept = keep && (rowMode ? items_.Contains(curRow_, 1) : items_.Contains(curRow_, curCol_));
   items_.Clear();
-  if (kept) {
-    items_.Add(curRow_, rowMode ? 1 : curCol_);
+  bool keep = rowMode ? curRow_ >= 1 && curRow_ <= store_.RowCount() : InGrid(curRow_, curCol_);
+  if (keep) {
     if (rowMode) {
-      SetLineSelState(curRow_, true, false, true);
+      SetLineSelState(curRow_, true, true, true);
     } else {
-      SetCellSelState(curRow_, curCol_, true, false, true);
+      SetCellSelState(curRow_, curCol_, true, true, true);
     }
+    if (rowMode || store_.CellAt(curRow_, curCol_).Selected())
+      items_.Add(curRow_, rowMode ? 1 : curCol_);
   }
   RaiseAfterIfOwed(true);
 }

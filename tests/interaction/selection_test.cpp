@@ -2,6 +2,8 @@
 // their order, the list of selected items, and how both follow the stores.
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 #include "interaction_support.hpp"
 
 namespace quilta::testing {
@@ -152,6 +154,29 @@ TEST_F(Selection, SwitchingMultiSelectOffKeepsOnlyTheCurrentCell) {
   EXPECT_EQ(Items(g), "(3,1)");
   EXPECT_TRUE(g.CellSelected(3, 1));
   EXPECT_EQ(host.changed.back(), "MultiSelect");
+}
+
+TEST_F(Selection, AHandlerThatThrowsLeavesCellsAndListAgreeing) {
+  struct Thrower : Recorder {
+    int left = 2;
+    void CellSelectionChange(int32_t, int32_t, bool) override {
+      if (--left == 0) throw std::runtime_error("host failure");
+    }
+  } thrower;
+  g.SetMultiSelect(true);
+  g.SetCurCell(1, 1);
+  for (int32_t r = 2; r <= 4; ++r) g.SetCellSelected(r, 2, true);
+  g.SetEventSink(&thrower);
+  EXPECT_THROW(g.SetCurCell(6, 3), std::runtime_error);
+  int32_t selected = 0;
+  for (int32_t r = 1; r <= 6; ++r)
+    for (int32_t c = 1; c <= 3; ++c) selected += g.CellSelected(r, c);
+  EXPECT_EQ(g.SelItems().Count(), selected);
+  for (const TSelItemInfo& item : g.SelItems().GetArray())
+    EXPECT_TRUE(g.CellSelected(item.Row, item.Col));
+  thrower.left = 1000;
+  g.SetCurCell(5, 1);  // the grid goes on working
+  EXPECT_EQ(Items(g), "(5,1)");
 }
 
 TEST(SelItems, OrderCollisionsAndBounds) {
