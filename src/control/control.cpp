@@ -77,12 +77,6 @@ void Control::RowsCleared(bool columnsToo) {
   selection.RowsCleared();
 }
 
-void Control::RestoreSelection() {
-  selection.RowsReordered(reorderSaved);
-  reorderSaved.clear();
-  reorderSaved.shrink_to_fit();
-}
-
 bool Control::RequestRow(int32_t row) {
   bool noMoreRows = false;
   if (events) events->RequestRow(row, noMoreRows);

@@ -69,8 +69,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void SetCurrentCell(int32_t row, int32_t col) { selection.PlaceCurrent(row, col); }
   int32_t CurRow() const { return selection.CurRow(); }
   int32_t CurCol() const { return selection.CurCol(); }
-  void RememberSelection() { reorderSaved = selection.ItemsByPhys(); }
-  void RestoreSelection();
+  void RememberSelection() { selection.BeforeReorder(); }
+  void RestoreSelection() { selection.AfterReorder(); }
   // Where a printable character goes when no edit is open: key search or the editor.
   void CharacterTyped(int32_t charCode);
 
@@ -193,7 +193,6 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   CommandPlaceholder commandSite{*this};
   interaction::Selection selection{store, props, selectionSite, viewSite};
   SelItemsObject selItemsObject{selection.Items()};
-  std::vector<interaction::PhysItem> reorderSaved;
   int32_t keySearchCol = 0;
   interaction::KeySearch keySearch{
       store,         props,        selection,

@@ -16,6 +16,33 @@ bool Matches(std::string_view cell, std::string_view text, ESearchMatchMode mode
   }
 }
 
+// Characters arrive as code points; SearchString holds them as UTF-8.
+void AppendUtf8(std::string& s, uint32_t cp) {
+  if (cp < 0x80) {
+    s += static_cast<char>(cp);
+  } else if (cp < 0x800) {
+    s += static_cast<char>(0xC0 | (cp >> 6));
+    s += static_cast<char>(0x80 | (cp & 0x3F));
+  } else {
+    s += static_cast<char>(0xE0 | (cp >> 12));
+    s += static_cast<char>(0x80 | ((cp >> 6) & 0x3F));
+    s += static_cast<char>(0x80 | (cp & 0x3F));
+  }
+}
+
+// The text without its last character (a whole UTF-8 sequence).
+std::string DropLastChar(const std::string& s) {
+  size_t end = s.size();
+  while (end > 0 && (static_cast<unsigned char>(s[end - 1]) & 0xC0) == 0x80) --end;
+  return s.substr(0, end > 0 ? end - 1 : 0);
+}
+
+size_t CharCount(const std::string& s) {
+  size_t n = 0;
+  for (char ch : s) n += (static_cast<unsigned char>(ch) & 0xC0) != 0x80;
+  return n;
+}
+
 }  // namespace
 
 bool KeySearch::RowPasses(int32_t row, ECellVisibilityFilter visibility) const {
@@ -70,12 +97,12 @@ int32_t KeySearch::SearchColumn() const {
 void KeySearch::Type(int32_t code) {
   if (code == 0 || code == 13) return;
   if (code == 8) {
-    Apply(text_.size() > 1 ? text_.substr(0, text_.size() - 1) : std::string());
+    Apply(CharCount(text_) > 1 ? DropLastChar(text_) : std::string());
   } else if (code == 27) {
     Apply(std::string());
   } else {
     std::string text = text_;
-    text += static_cast<char>(code);
+    AppendUtf8(text, static_cast<uint32_t>(code));
     Apply(std::move(text));
   }
 }

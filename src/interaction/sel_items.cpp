@@ -16,6 +16,8 @@ void SelItems::Clear() {
   entries_.resize(1);
   freeHead_ = 0;
   count_ = 0;
+  maxRow_ = 0;
+  maxRowStale_ = false;
   Reserve(kInitialEntries);
 }
 
@@ -71,6 +73,7 @@ bool SelItems::Add(int32_t row, int32_t col) {
   }
   tail_[b] = e;
   ++count_;
+  maxRow_ = std::max(maxRow_, row);
   return true;
 }
 
@@ -88,7 +91,17 @@ bool SelItems::Remove(int32_t row, int32_t col) {
   entry.next = freeHead_;
   freeHead_ = e;
   --count_;
+  if (row == maxRow_ && !rowHead_[row]) maxRowStale_ = true;
   return true;
+}
+
+int32_t SelItems::MaxRow() {
+  if (maxRowStale_) {
+    // Walks down from the old highest row: over a series of removals each row is passed once.
+    while (maxRow_ > 0 && !rowHead_[maxRow_]) --maxRow_;
+    maxRowStale_ = false;
+  }
+  return count_ ? maxRow_ : 0;
 }
 
 std::vector<SelItem> SelItems::Items() const {

@@ -56,6 +56,10 @@ class SelItems {
   std::vector<SelItem> SortedItems() const;
   SelBounds Bounds() const;
 
+  // The highest row holding an item (0 when empty), so that rows added or removed below every
+  // item need not visit the list.
+  int32_t MaxRow();
+
   bool Sorted() const { return sorted_; }
   void SetSorted(bool on) { sorted_ = on; }
 
@@ -81,6 +85,8 @@ class SelItems {
   uint32_t freeHead_ = 0;          // free entries chained through next
   std::vector<uint32_t> rowHead_;  // first entry of each row's chain, by row
   int32_t count_ = 0;
+  int32_t maxRow_ = 0;  // an upper bound; exact unless maxRowStale_
+  bool maxRowStale_ = false;
   bool sorted_ = true;
 };
 

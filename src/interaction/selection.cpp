@@ -552,9 +552,7 @@ void Selection::ColumnsRemoved(int32_t index, int32_t count) {
 }
 
 void Selection::RowsInserted(int32_t row, int32_t count) {
-  bool affected = false;
-  items_.ForEach([&](int32_t r, int32_t) { affected |= r >= row; });
-  if (affected) {
+  if (items_.MaxRow() >= row) {
     RaiseStoreBefore();
     RebuildItems([&](SelItem& item) {
       if (item.row >= row) item.row += count;
@@ -568,9 +566,7 @@ void Selection::RowsInserted(int32_t row, int32_t count) {
 
 void Selection::RowsRemoved(int32_t row, int32_t count, bool truncating) {
   int32_t last = row + count - 1;
-  bool affected = false;
-  items_.ForEach([&](int32_t r, int32_t) { affected |= r >= row; });
-  if (affected) {
+  if (items_.MaxRow() >= row) {
     RaiseStoreBefore();
     RebuildItems([&](SelItem& item) {
       if (item.row >= row && item.row <= last) return false;
@@ -600,20 +596,25 @@ void Selection::RowsCleared() {
   PlaceCurrent(0, 0);
 }
 
-std::vector<PhysItem> Selection::ItemsByPhys() const {
-  std::vector<PhysItem> byPhys;
-  byPhys.reserve(items_.Count());
+void Selection::BeforeReorder() {
+  reorderItems_.clear();
+  reorderItems_.reserve(items_.Count());
   items_.ForEach([&](int32_t row, int32_t col) {
-    if (row >= 1 && row <= store_.RowCount()) byPhys.push_back({store_.Rows().At(row).phys, col});
+    if (row >= 1 && row <= store_.RowCount())
+      reorderItems_.push_back({store_.Rows().At(row).phys, col});
   });
-  return byPhys;
+  bool anchored = anchorRow_ >= 1 && anchorRow_ <= store_.RowCount();
+  reorderAnchorPhys_ = anchored ? store_.Rows().At(anchorRow_).phys : 0;
 }
 
-void Selection::RowsReordered(const std::vector<PhysItem>& byPhys) {
+void Selection::AfterReorder() {
+  model::RowStore& rows = store_.Rows();
   items_.Clear();
-  items_.Reserve(static_cast<int64_t>(byPhys.size()));
-  for (const PhysItem& item : byPhys) items_.Add(store_.Rows().RowOfPhys(item.phys), item.col);
+  items_.Reserve(static_cast<int64_t>(reorderItems_.size()));
+  for (const PhysItem& item : reorderItems_) items_.Add(rows.RowOfPhys(item.phys), item.col);
+  if (reorderAnchorPhys_) anchorRow_ = rows.RowOfPhys(reorderAnchorPhys_);
   lastRange_ = {};
+  std::vector<PhysItem>().swap(reorderItems_);
 }
 
 }  // namespace quilta::interaction

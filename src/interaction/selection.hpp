@@ -21,12 +21,6 @@ constexpr int kShift = 1;
 constexpr int kCtrl = 2;
 constexpr int kAlt = 4;
 
-// A selected item tied to its data row rather than its row index, so that it survives a reorder.
-struct PhysItem {
-  int32_t phys;
-  int32_t col;
-};
-
 class Selection {
  public:
   Selection(model::GridStore& store, const model::ControlProperties& props, SelectionSite& site,
@@ -77,9 +71,10 @@ class Selection {
   // truncating: RowCount shrank, so a current row among the removed ones is cleared.
   void RowsRemoved(int32_t row, int32_t count, bool truncating);
   void RowsCleared();
-  // Rows are about to be reordered: the selected items by data row, to be found again after.
-  std::vector<PhysItem> ItemsByPhys() const;
-  void RowsReordered(const std::vector<PhysItem>& byPhys);
+  // Rows are about to be reordered (sorting, MoveRow): the selected items and the anchor are
+  // remembered by data row and found again afterwards.
+  void BeforeReorder();
+  void AfterReorder();
   // Moves the current cell without selection changes (a reorder keeps it on its data row),
   // raising the current-cell events when it changed.
   void PlaceCurrent(int32_t row, int32_t col);
@@ -138,6 +133,14 @@ class Selection {
   struct Range {
     int32_t anchorRow = 0, anchorCol = 0, first = 0, last = 0;
   } lastRange_;
+
+  // A selected item tied to its data row rather than its row index, across a reorder.
+  struct PhysItem {
+    int32_t phys;
+    int32_t col;
+  };
+  std::vector<PhysItem> reorderItems_;
+  int32_t reorderAnchorPhys_ = 0;
 };
 
 }  // namespace quilta::interaction

@@ -88,6 +88,19 @@ TEST_F(KeySearch, TypingMovesTheCurrentCellAndDropsCharactersThatFindNothing) {
   EXPECT_EQ(g.CurRow(), 3);
 }
 
+TEST_F(KeySearch, CharactersBeyondAsciiAreSearchedAsText) {
+  int32_t r = g.AddRow();
+  g.SetCellValue(r, 1, "\xC3\xA9" "clair");  // "éclair"
+  g.SetKeyPressBehaviour(quKeyPressSearchCurCol);
+  g.SetCurCell(1, 1);
+  g.HostKeyPress(0xE9);
+  EXPECT_EQ(g.CurRow(), r);
+  EXPECT_EQ(g.SearchString(), "\xC3\xA9");
+  Type("c");
+  g.HostKeyPress(8);
+  EXPECT_EQ(g.SearchString(), "\xC3\xA9");
+}
+
 TEST_F(KeySearch, FromTheCurrentRowWithAndWithoutLooping) {
   g.SetKeyPressBehaviour(quKeyPressSearchCurCol);
   g.SetKeySearchFromCurRow(true);

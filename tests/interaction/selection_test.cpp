@@ -287,6 +287,8 @@ TEST_F(FollowingTheStores, SortingAndMovingRowsKeepItemsOnTheirDataRows) {
   // The list answers for the new rows: deselecting through it works.
   g.SetCellSelected(1, 2, false);
   EXPECT_EQ(Items(g), "(5,1)");
+  g.DoKeyboardCommand(40, 1);  // Shift+Down: the anchor moved with its data row as well
+  EXPECT_EQ(Items(g), "(5,1);(6,1)");
 }
 
 TEST_F(FollowingTheStores, ColCellsPropSelectsThroughTheSelection) {
