@@ -73,7 +73,6 @@ void Control::RowsTruncated(int32_t row, int32_t count) { selection.RowsRemoved(
 void Control::RowsCleared(bool columnsToo) {
   if (columnsToo) geometry.SetHScrollPos(0);
   viewSite.topRow = 1;
-  keySearch.Clear();
   selection.RowsCleared();
 }
 

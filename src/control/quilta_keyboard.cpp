@@ -20,14 +20,14 @@ void Quilta::HostKeyDown(int16_t KeyCode, int16_t Shift) {
   if (doDefault) c_->keyboard.DoKeyboardCommand(KeyCode, Shift);
 }
 
+// The host hears every character; the grid skips the one produced by a key that already acted
+// (Space toggling a check box, Ctrl+Space, + and - on a row, ...).
 void Quilta::HostKeyPress(int16_t KeyAscii) {
-  if (c_->keyboard.ActionDone()) {
-    c_->keyboard.ResetActionDone();
-    return;
-  }
   if (c_->commandSite.IsEditing()) return;
   if (c_->events) c_->events->KeyPress(KeyAscii);
-  if (KeyAscii != 0) c_->CharacterTyped(static_cast<uint16_t>(KeyAscii));
+  bool acted = c_->keyboard.ActionDone();
+  c_->keyboard.ResetActionDone();
+  if (!acted && KeyAscii != 0) c_->CharacterTyped(static_cast<uint16_t>(KeyAscii));
 }
 
 std::string Quilta::SearchString() const { return c_->keySearch.Text(); }

@@ -366,9 +366,21 @@ void Selection::SetCellSelected(int32_t row, int32_t col, bool select) {
 }
 
 void Selection::SetRangeSelected(int32_t col, int32_t firstRow, int32_t lastRow, bool select) {
+  if (!MultiSelect()) {
+    // One cell at most can be selected here: as CellSelected does, it becomes the current one.
+    for (int32_t r = firstRow; r <= lastRow && r <= store_.RowCount(); ++r)
+      SetCellSelected(r, col, select);
+    return;
+  }
   beforeRaised_ = false;
-  for (int32_t r = firstRow; r <= lastRow && r <= store_.RowCount(); ++r)
-    SetCellSelState(r, col, select, true, true);
+  bool rowMode = RowMode();
+  for (int32_t r = firstRow; r <= lastRow && r <= store_.RowCount(); ++r) {
+    if (rowMode) {
+      SetLineSelState(r, select, true, true);
+    } else {
+      SetCellSelState(r, col, select, true, true);
+    }
+  }
   site_.Redraw();
   RaiseAfterIfOwed(true);
 }

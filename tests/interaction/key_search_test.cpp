@@ -90,7 +90,9 @@ TEST_F(KeySearch, TypingMovesTheCurrentCellAndDropsCharactersThatFindNothing) {
 
 TEST_F(KeySearch, CharactersBeyondAsciiAreSearchedAsText) {
   int32_t r = g.AddRow();
-  g.SetCellValue(r, 1, "\xC3\xA9" "clair");  // "éclair"
+  g.SetCellValue(r, 1,
+                 "\xC3\xA9"
+                 "clair");  // "éclair"
   g.SetKeyPressBehaviour(quKeyPressSearchCurCol);
   g.SetCurCell(1, 1);
   g.HostKeyPress(0xE9);

@@ -296,6 +296,10 @@ TEST_F(FollowingTheStores, ColCellsPropSelectsThroughTheSelection) {
   EXPECT_EQ(Items(g), "(1,3);(2,1);(2,3);(3,3);(4,2)");
   g.SetMultiSelect(false);
   EXPECT_THROW(g.SetColCellsProp(3, quPropCellSelected, true, 1, 3), Error);
+  g.SetColCellsProp(3, quPropCellSelected, true, 6, 6);  // one cell: it becomes current
+  EXPECT_EQ(Items(g), "(6,3)");
+  EXPECT_EQ(g.CurRow(), 6);
+  EXPECT_EQ(g.CurCol(), 3);
 }
 
 }  // namespace
