@@ -140,8 +140,10 @@ void Selection::SelectOnly(int32_t row, int32_t col, bool raiseAfterNow) {
       SetCellSelState(row, col, true, true, true);
     }
   }
+  // A cell that cannot be selected is not listed either: the list stays in step with the cells.
+  bool listed = rowMode ? items_.Contains(row, 1) : store_.CellAt(row, col).Selected();
   items_.Clear();
-  items_.Add(row, rowMode ? 1 : col);
+  if (listed) items_.Add(row, rowMode ? 1 : col);
   FinishRange(raiseAfterNow);
 }
 
