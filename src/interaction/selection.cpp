@@ -521,10 +521,13 @@ bool Selection::RebuildItems(F&& f) {
 
 void Selection::ColumnsInserted(int32_t index, int32_t count) {
   if (RowMode()) {
-    // The new cells of selected rows are selected too.
-    for (const SelItem& item : items_.Items())
+    // The new cells of selected rows are selected too (a group row's selection is its row-text
+    // cell alone).
+    for (const SelItem& item : items_.Items()) {
+      if (item.row > store_.RowCount() || IsGroupRow(item.row)) continue;
       for (int32_t c = index; c < index + count; ++c)
         store_.MutableCell(item.row, c).SetSelected(true);
+    }
   } else {
     bool affected = false;
     items_.ForEach([&](int32_t, int32_t col) { affected |= col >= index; });

@@ -4,17 +4,24 @@
 
 #include <random>
 #include <set>
+#include <string>
 
 #include "interaction_support.hpp"
 
 namespace quilta::testing {
 namespace {
 
-void ExpectConsistent(const Quilta& g, int step) {
+void ExpectConsistent(const Quilta& g, std::string step) {
   std::set<std::pair<int32_t, int32_t>> bits, listed;
   for (int32_t r = 1; r <= g.RowCount(); ++r)
     for (int32_t c = 1; c <= g.RowTextCol(); ++c)
       if (g.CellSelected(r, c)) bits.insert({r, c});
+  // In row mode a row is listed, as (row, 1), exactly when cells of it are selected.
+  if (g.RowMode()) {
+    std::set<std::pair<int32_t, int32_t>> rows;
+    for (auto [r, c] : bits) rows.insert({r, 1});
+    bits = rows;
+  }
   for (const TSelItemInfo& item : g.SelItems().GetArray()) listed.insert({item.Row, item.Col});
   ASSERT_EQ(bits, listed) << "after step " << step;
   ASSERT_EQ(static_cast<size_t>(g.SelItems().Count()), listed.size()) << "after step " << step;
@@ -23,10 +30,12 @@ void ExpectConsistent(const Quilta& g, int step) {
   ASSERT_LE(g.CurCol(), g.RowTextCol()) << "after step " << step;
 }
 
+// Runs one random call; returns which kind of call it was.
 template <class Pick>
-void Step(Quilta& g, Pick& pick, int32_t rows, int32_t cols, bool multiSelect,
-          const int16_t (&keys)[14]) {
-  switch (pick(0, 12)) {
+int Step(Quilta& g, Pick& pick, int32_t rows, int32_t cols, bool multiSelect,
+         const int16_t (&keys)[14]) {
+  int kind = pick(0, 12);
+  switch (kind) {
     case 0:
     case 1:
     case 2:
@@ -71,32 +80,40 @@ void Step(Quilta& g, Pick& pick, int32_t rows, int32_t cols, bool multiSelect,
       if (rows && pick(0, 1)) g.SetRowLevel(pick(1, rows), static_cast<uint8_t>(pick(0, 2)));
       break;
   }
+  return kind;
 }
 
-void RandomRun(bool multiSelect, unsigned seed) {
+void RandomRun(bool multiSelect, unsigned seed, bool rowMode = false) {
   Quilta g;
   Fill(g, 30, 5);
   g.SetMultiSelect(multiSelect);
+  g.SetRowMode(rowMode);
   g.SetTreeCol(1);
   std::mt19937 rng(seed);
   auto pick = [&](int32_t lo, int32_t hi) {
     return std::uniform_int_distribution<int32_t>(lo, hi)(rng);
   };
   const int16_t keys[] = {33, 34, 35, 36, 37, 38, 39, 40, 32, 65, 107, 109, 106, 27};
-  for (int step = 0; step < 3000; ++step) {
+  for (int step = 0; step < 2000; ++step) {
     int32_t rows = g.RowCount(), cols = g.ColCount();
+    int kind = -1;
     try {
-      Step(g, pick, rows, cols, multiSelect, keys);
+      kind = Step(g, pick, rows, cols, multiSelect, keys);
     } catch (const Error&) {
       // refused moves and levels must leave the grid as it was
     }
-    ExpectConsistent(g, step);
+    ExpectConsistent(g, std::to_string(step) + " (call kind " + std::to_string(kind) + ")");
     if (::testing::Test::HasFatalFailure()) return;
   }
 }
 
 TEST(SelectionConsistency, MultiSelectionRandomRun) {
   for (unsigned seed : {1u, 2u, 3u, 6u, 7u}) RandomRun(true, seed);
+}
+
+TEST(SelectionConsistency, RowModeRandomRun) {
+  for (unsigned seed : {9u, 10u, 12u, 13u}) RandomRun(true, seed, true);
+  RandomRun(false, 11u, true);
 }
 
 TEST(SelectionConsistency, SingleSelectionRandomRun) {
