@@ -173,7 +173,10 @@ void KeyboardCommands::ScrollDisabled(int32_t key) {
 }
 
 void KeyboardCommands::Move(int32_t row, int32_t col, int32_t shift) {
-  if (!store_.Rows().At(row).GroupRow()) dataCol_ = col;
+  // Remember the column being left for a group row, to come back to it afterwards.
+  if (HasCurrent() && !store_.Rows().At(sel_.CurRow()).GroupRow() &&
+      sel_.CurCol() <= store_.ColCount())
+    dataCol_ = sel_.CurCol();
   if (!Prop(Prop::MultiSelect)) {
     sel_.MoveSingleSelection(row, col);
   } else if (shift & kShift) {

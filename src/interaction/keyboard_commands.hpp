@@ -100,7 +100,7 @@ class KeyboardCommands {
   CommandSite& commands_;
   SelectionSite& site_;
   bool actionDone_ = false;
-  int32_t dataCol_ = 0;  // the column the focus had in the last ordinary row
+  int32_t dataCol_ = 0;  // the column the focus left its last ordinary row from
 };
 
 }  // namespace quilta::interaction
