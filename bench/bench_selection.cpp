@@ -121,6 +121,17 @@ void BM_MoveSingleSelection(benchmark::State& state) {
 }
 BENCHMARK(BM_MoveSingleSelection);
 
+// The same in multiselection mode, far down the grid: each move selects only the new cell.
+void BM_MoveSelectOnlyFarDown(benchmark::State& state) {
+  auto g = FilledGrid(kRows);
+  g->SetCurCell(kRows / 2, 1);
+  for (auto _ : state) {
+    if (g->CurRow() == kRows) g->SetCurRow(kRows / 2);
+    g->DoKeyboardCommand(40, 0);
+  }
+}
+BENCHMARK(BM_MoveSelectOnlyFarDown);
+
 // 100k items (10k rows x 10 columns) listed by row and column as text.
 void BM_GetStringSorted100k(benchmark::State& state) {
   auto g = FilledGrid(10'000);

@@ -9,6 +9,25 @@ constexpr uint32_t kGrowth = 1024;
 }  // namespace
 
 void SelItems::Clear() {
+  if (count_ <= kCheapClear && entries_.size() > 1) {
+    // A small list (the single item of a move) is emptied in place: its entries go back to the
+    // free list and only its rows' heads are reset, so emptying costs nothing per grid row.
+    for (int32_t b = 0; b < kBuckets; ++b) {
+      for (uint32_t e = head_[b]; e;) {
+        uint32_t next = entries_[e].next;
+        rowHead_[entries_[e].row] = 0;
+        entries_[e].next = freeHead_;
+        freeHead_ = e;
+        e = next;
+      }
+    }
+    head_.fill(0);
+    tail_.fill(0);
+    count_ = 0;
+    maxRow_ = 0;
+    maxRowStale_ = false;
+    return;
+  }
   head_.fill(0);
   tail_.fill(0);
   std::vector<Entry>().swap(entries_);

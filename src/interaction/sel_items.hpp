@@ -40,7 +40,7 @@ class SelItems {
   // Both return whether the list changed.
   bool Add(int32_t row, int32_t col);
   bool Remove(int32_t row, int32_t col);
-  // Back to the empty list with its initial capacity, memory released.
+  // Back to the empty list; a large list also gives its memory back.
   void Clear();
   // Room for n more items without growing.
   void Reserve(int64_t n);
@@ -71,6 +71,7 @@ class SelItems {
     uint32_t prev;
     uint32_t nextInRow;
   };
+  static constexpr int32_t kCheapClear = 4096;
   static int32_t Bucket(int32_t row, int32_t col) {
     return static_cast<int32_t>(static_cast<uint32_t>(row) * static_cast<uint32_t>(col) %
                                 static_cast<uint32_t>(kBuckets));
