@@ -24,8 +24,8 @@ void SelItems::Clear() {
     head_.fill(0);
     tail_.fill(0);
     count_ = 0;
-    maxRow_ = 0;
-    maxRowStale_ = false;
+    maxRow_ = minRow_ = 0;
+    maxRowStale_ = minRowStale_ = false;
     return;
   }
   head_.fill(0);
@@ -35,8 +35,8 @@ void SelItems::Clear() {
   entries_.resize(1);
   freeHead_ = 0;
   count_ = 0;
-  maxRow_ = 0;
-  maxRowStale_ = false;
+  maxRow_ = minRow_ = 0;
+  maxRowStale_ = minRowStale_ = false;
   Reserve(kInitialEntries);
 }
 
@@ -91,8 +91,13 @@ bool SelItems::Add(int32_t row, int32_t col) {
     head_[b] = e;
   }
   tail_[b] = e;
-  ++count_;
-  maxRow_ = std::max(maxRow_, row);
+  if (count_++ == 0) {
+    maxRow_ = minRow_ = row;
+    maxRowStale_ = minRowStale_ = false;
+  } else {
+    maxRow_ = std::max(maxRow_, row);
+    minRow_ = std::min(minRow_, row);
+  }
   return true;
 }
 
@@ -111,16 +116,28 @@ bool SelItems::Remove(int32_t row, int32_t col) {
   freeHead_ = e;
   --count_;
   if (row == maxRow_ && !rowHead_[row]) maxRowStale_ = true;
+  if (row == minRow_ && !rowHead_[row]) minRowStale_ = true;
   return true;
 }
 
-int32_t SelItems::MaxRow() {
+// Both walk from the old bound toward the items: over a series of removals each row is passed
+// once.
+int32_t SelItems::MaxRow() const {
+  if (count_ == 0) return 0;
   if (maxRowStale_) {
-    // Walks down from the old highest row: over a series of removals each row is passed once.
     while (maxRow_ > 0 && !rowHead_[maxRow_]) --maxRow_;
     maxRowStale_ = false;
   }
-  return count_ ? maxRow_ : 0;
+  return maxRow_;
+}
+
+int32_t SelItems::MinRow() const {
+  if (count_ == 0) return 0;
+  if (minRowStale_) {
+    while (static_cast<size_t>(minRow_) + 1 < rowHead_.size() && !rowHead_[minRow_]) ++minRow_;
+    minRowStale_ = false;
+  }
+  return minRow_;
 }
 
 std::vector<SelItem> SelItems::Items() const {
@@ -131,9 +148,19 @@ std::vector<SelItem> SelItems::Items() const {
 }
 
 std::vector<SelItem> SelItems::SortedItems() const {
+  int32_t minRow = MinRow();
+  if (static_cast<int64_t>(MaxRow()) - minRow > 16 * static_cast<int64_t>(count_)) {
+    // Few items spread over many rows: sorting them beats walking the rows between.
+    std::vector<SelItem> items = Items();
+    std::sort(items.begin(), items.end(), [](const SelItem& a, const SelItem& b) {
+      return a.row != b.row ? a.row < b.row : a.col < b.col;
+    });
+    return items;
+  }
   std::vector<SelItem> items;
   items.reserve(count_);
-  for (size_t row = 0; row < rowHead_.size() && items.size() < static_cast<size_t>(count_); ++row) {
+  for (size_t row = std::max(minRow, 0);
+       row < rowHead_.size() && items.size() < static_cast<size_t>(count_); ++row) {
     size_t first = items.size();
     for (uint32_t e = rowHead_[row]; e; e = entries_[e].nextInRow)
       items.push_back({entries_[e].row, entries_[e].col});

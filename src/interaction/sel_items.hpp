@@ -56,9 +56,10 @@ class SelItems {
   std::vector<SelItem> SortedItems() const;
   SelBounds Bounds() const;
 
-  // The highest row holding an item (0 when empty), so that rows added or removed below every
-  // item need not visit the list.
-  int32_t MaxRow();
+  // The highest and lowest rows holding an item (0 when empty), so that rows added or removed
+  // below every item need not visit the list, and sorting walks only the rows in between.
+  int32_t MaxRow() const;
+  int32_t MinRow() const;
 
   bool Sorted() const { return sorted_; }
   void SetSorted(bool on) { sorted_ = on; }
@@ -86,8 +87,12 @@ class SelItems {
   uint32_t freeHead_ = 0;          // free entries chained through next
   std::vector<uint32_t> rowHead_;  // first entry of each row's chain, by row
   int32_t count_ = 0;
-  int32_t maxRow_ = 0;  // an upper bound; exact unless maxRowStale_
-  bool maxRowStale_ = false;
+  // Bounds of the rows holding items: exact unless marked stale by a removal, then brought up
+  // to date on the next question.
+  mutable int32_t maxRow_ = 0;
+  mutable int32_t minRow_ = 0;
+  mutable bool maxRowStale_ = false;
+  mutable bool minRowStale_ = false;
   bool sorted_ = true;
 };
 

@@ -248,6 +248,20 @@ TEST_F(FollowingTheStores, InsertedAndRemovedRowsShiftTheItemsAndTheCurrentRow) 
   EXPECT_EQ(rec.Take(), (Log{"Before", "CurCell 0,1 from 2,1", "CurRow 0 from 2"}));
 }
 
+TEST_F(FollowingTheStores, RowsBelowEveryItemAfterRemovalsChangeNothing) {
+  g.AddRow({.lCount = 6});
+  for (int32_t r : {5, 12, 9}) g.SetCellSelected(r, 1, true);
+  for (int32_t r : {12, 9, 4, 2}) g.SetCellSelected(r, r == 4 ? 2 : 1, false);
+  EXPECT_EQ(Items(g), "(5,1)");
+  rec.Take();
+  g.AddRow({.vRowBefore = 6});  // below the last item left
+  g.RemoveRow(8);
+  EXPECT_TRUE(rec.Take().empty());
+  g.AddRow({.vRowBefore = 5});
+  EXPECT_EQ(Items(g), "(6,1)");
+  EXPECT_EQ(rec.Take(), (Log{"Before"}));
+}
+
 TEST_F(FollowingTheStores, ShrinkingRowCountClearsACurrentRowBeyondIt) {
   g.SetCurCell(5, 1);
   g.SetCellSelected(2, 2, true);
