@@ -103,6 +103,16 @@ TEST_F(KeySearch, CharactersBeyondAsciiAreSearchedAsText) {
   EXPECT_EQ(g.SearchString(), "\xC3\xA9");
 }
 
+TEST_F(KeySearch, InMultiselectionModeTheSelectionEventsEndBeforeTheMove) {
+  g.SetMultiSelect(true);
+  g.SetKeyPressBehaviour(quKeyPressSearchCurCol);
+  g.SetCurCell(1, 1);
+  rec.Take();
+  Type("c");
+  EXPECT_EQ(rec.Take(), (Log{"KeyPress 99", "Before", "Cell 1,1 off", "Cell 3,1 on", "After true",
+                             "CurCell 3,1 from 1,1", "CurRow 3 from 1"}));
+}
+
 TEST_F(KeySearch, FromTheCurrentRowWithAndWithoutLooping) {
   g.SetKeyPressBehaviour(quKeyPressSearchCurCol);
   g.SetKeySearchFromCurRow(true);
