@@ -53,8 +53,9 @@ bool Control::ViewPlaceholder::EnsureRowVisible(int32_t row, int32_t gap) {
     sum += rec.height;
     top = r;
   }
+  bool scrolled = top != topRow;
   topRow = top;
-  return true;
+  return scrolled;
 }
 
 bool Control::ViewPlaceholder::EnsureCellVisible(int32_t row, int32_t) {
