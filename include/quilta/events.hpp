@@ -25,6 +25,12 @@ class QuiltaEvents {
   virtual void CurRowChange(int32_t /*lNewRow*/, int32_t /*lOldRow*/) {}
   virtual void CurColChange(int32_t /*lNewCol*/, int32_t /*lOldCol*/) {}
 
+  // Keys routed to the grid (not raised while a cell is being edited). KeyDown may change the key
+  // and the modifiers that DoKeyboardCommand then gets, or clear bDoDefault to stop it; KeyPress
+  // may change the character, 0 dropping it.
+  virtual void KeyDown(int16_t& /*KeyCode*/, int16_t& /*Shift*/, bool& /*bDoDefault*/) {}
+  virtual void KeyPress(int16_t& /*KeyAscii*/) {}
+
   // Virtual mode.
   virtual void RequestRow(int32_t /*lRow*/, bool& /*bNoMoreRows*/) {}
   virtual void RequestRowData(int32_t /*lRow*/) {}

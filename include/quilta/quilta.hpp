@@ -15,6 +15,7 @@
 #include <quilta/host.hpp>
 #include <quilta/platform/platform.hpp>
 #include <quilta/scroll_bar_object.hpp>
+#include <quilta/sel_items_object.hpp>
 #include <quilta/sort_group_object.hpp>
 #include <quilta/variant.hpp>
 #include <string>
@@ -233,16 +234,12 @@ class Quilta {
   void SetKeySearchLoop(bool b);
   int32_t LevelIndent() const;
   void SetLevelIndent(int32_t l);
-  bool MultiSelect() const;
-  void SetMultiSelect(bool b);
   int16_t OLEDropMode() const;
   void SetOLEDropMode(int16_t i);
   bool OpaqueTextInHatchedCells() const;
   void SetOpaqueTextInHatchedCells(bool b);
   bool PrefixGroupValues() const;
   void SetPrefixGroupValues(bool b);
-  bool RowMode() const;
-  void SetRowMode(bool b);
   EScrollBarStyles ScrollBarStyle() const;
   void SetScrollBarStyle(EScrollBarStyles e);
   uint8_t SelectionAlphaBlend() const;
@@ -643,9 +640,46 @@ class Quilta {
   bool ColAllowSizing(const Variant& vCol) const;
   void SetColAllowSizing(const Variant& vCol, bool bAllow);
 
-  // ---- Current cell (the part the stores keep in step) ------------------------------------
+  // ---- Current cell and selection ---------------------------------------------------------
+  // 0 means no current row (column). Setting moves the current cell as a click would, with the
+  // selection following it; CurRow 0 is accepted, CurCol takes 0..ColCount.
   int32_t CurRow() const;
+  void SetCurRow(int32_t lRow);
   int32_t CurCol() const;
+  void SetCurCol(int32_t lCol);
+  // Moves the current cell, or only scrolls it into view when it is current already.
+  void SetCurCell(const Variant& vRow, const Variant& vCol);
+  bool MultiSelect() const;
+  void SetMultiSelect(bool b);
+  bool RowMode() const;
+  void SetRowMode(bool b);
+  void ClearSelection();
+  // Both fail with 522 unless MultiSelect is on.
+  void SelectAll();
+  void InvertSelection();
+  SelItemsObject& SelItems();
+  const SelItemsObject& SelItems() const;
+
+  // ---- Keyboard and key search --------------------------------------------------------------
+  // What a key does (KeyCode a virtual-key code, Shift 1 Shift, 2 Ctrl, 4 Alt); hosts call it to
+  // simulate a key. Keys never raise errors.
+  void DoKeyboardCommand(int16_t KeyCode, int16_t Shift = 0);
+  // The host routes its key messages here: a key going down (raises KeyDown, then
+  // DoKeyboardCommand unless the handler clears bDoDefault) and the character it produces
+  // (raises KeyPress, then key search or the start of an edit, as KeyPressBehaviour says).
+  void HostKeyDown(int16_t KeyCode, int16_t Shift);
+  void HostKeyPress(int16_t KeyAscii);
+  std::string SearchString() const;
+  void SetSearchString(std::string_view sText);
+  // The column searched under quKeyPressSearchDefCol (0: none); 0..RowTextCol, else 513.
+  int32_t KeySearchCol() const;
+  void SetKeySearchCol(int32_t lCol);
+  // The first row from vStartRow (row 1 when missing) whose cell text in vSearchCol matches, or 0.
+  int32_t FindSearchMatchRow(const Variant& vSearchCol, std::string_view sSearchString,
+                             const Variant& vStartRow = Variant::Missing(), bool bLoop = false,
+                             ESearchMatchMode eMatchMode = quSearchMatchStartsWith,
+                             bool bMatchCase = false,
+                             ECellVisibilityFilter eCellVisibility = quCellVisCurrentlyVisible);
 
  private:
   friend struct control::InternalsAccess;  // the grid's own tests and benchmarks

@@ -67,6 +67,10 @@ void Control::SetColumnCellsProperty(int32_t colIndex, ECellProperty p, const Va
   if (p == quPropCellSelected && value.BoolValue() && lastRow > firstRow &&
       !props.Bool(model::Prop::MultiSelect))
     throw Error::FromCode(quErrInvalidArgument);
+  if (p == quPropCellSelected) {
+    selection.SetRangeSelected(colIndex, firstRow, lastRow, value.BoolValue());
+    return;
+  }
   model::CellColumn& column = store.Cells().Column(colIndex);
   model::RowStore& rows = store.Rows();
   bool watched = p == quPropCellValue && grouping.Watches(colIndex);

@@ -59,36 +59,27 @@ void Control::SetRecalcRowParms(bool on) {
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
   headerStrip.Reset();  // the strip tracks columns by index, and indexes moved
-  if (curCol >= index) curCol += count;
   grouping.ColumnsInserted(index, count);
+  selection.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
   headerStrip.Reset();
   grouping.ColumnsRemoving(index, count);
-  if (curCol >= index + count) {
-    curCol -= count;
-  } else if (curCol >= index) {
-    SetCurrentCell(curRow, 0);
-  }
+  selection.ColumnsRemoved(index, count);
 }
 
 void Control::RowsInserted(int32_t row, int32_t count) {
-  if (curRow >= row) curRow += count;
   grouping.RowsInserted(row, count);
+  selection.RowsInserted(row, count);
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
   grouping.RowsRemoving(row, count);
-  // A current row strictly inside the removed block moves to current row - count, before the
-  // block: the grid has always done so and hosts rely on it.
-  if (curRow > row) {
-    curRow -= count;
-    if (curRow < 1) SetCurrentCell(0, curCol);
-  } else if (curRow == row) {
-    SetCurrentCell(0, curCol);
-  }
+  selection.RowsRemoved(row, count, false);
 }
+
+void Control::RowsTruncated(int32_t row, int32_t count) { selection.RowsRemoved(row, count, true); }
 
 void Control::RowsCleared(bool columnsToo) {
   if (columnsToo) {
@@ -96,7 +87,7 @@ void Control::RowsCleared(bool columnsToo) {
     headerStrip.Reset();
   }
   grouping.RowsCleared();
-  SetCurrentCell(0, 0);
+  selection.RowsCleared();
 }
 
 bool Control::RequestRow(int32_t row) {
@@ -107,22 +98,6 @@ bool Control::RequestRow(int32_t row) {
 
 void Control::RequestRowData(int32_t row) {
   if (events) events->RequestRowData(row);
-}
-
-void Control::SetCurrentCell(int32_t row, int32_t col) {
-  int32_t oldRow = curRow;
-  int32_t oldCol = curCol;
-  curRow = row;
-  curCol = col;
-  // The focus rectangle moves: repaint the bands of the rows it leaves and enters.
-  const int32_t rowCount = store.RowCount();
-  if (oldRow >= 1 && oldRow <= rowCount && (oldRow != row || oldCol != col))
-    InvalidateRowBand(oldRow);
-  if (row >= 1 && row <= rowCount && row != oldRow) InvalidateRowBand(row);
-  if (!events || (oldRow == row && oldCol == col)) return;
-  events->CurCellChange(row, col, oldRow, oldCol);
-  if (oldRow != row) events->CurRowChange(row, oldRow);
-  if (oldCol != col) events->CurColChange(col, oldCol);
 }
 
 // ---- Column default cells ------------------------------------------------------------------

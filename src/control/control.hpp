@@ -8,6 +8,9 @@
 #include "edit/editor.hpp"
 #include "exchange/exchange_site.hpp"
 #include "header/header_strip.hpp"
+#include "interaction/key_search.hpp"
+#include "interaction/keyboard_commands.hpp"
+#include "interaction/selection.hpp"
 #include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
@@ -45,6 +48,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void ColumnsRemoved(int32_t index, int32_t count) override;
   void RowsInserted(int32_t row, int32_t count) override;
   void RowsRemoved(int32_t row, int32_t count) override;
+  void RowsTruncated(int32_t row, int32_t count) override;
   void RowsCleared(bool columnsToo) override;
   bool RequestRow(int32_t row) override;
   void RequestRowData(int32_t row) override;
@@ -68,8 +72,16 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Runs the row position pass from a row now and clears what was pending.
   void RunRowPass(int32_t from);
 
-  // ---- Current cell: renumbered silently when rows or columns move, cleared when they go.
-  void SetCurrentCell(int32_t row, int32_t col);
+  // ---- Current cell and selection: renumbered silently when rows or columns move, cleared
+  // when they go. A reorder (sorting, MoveRow) keeps the selected items on their data rows:
+  // RememberSelection before, RestoreSelection after.
+  void SetCurrentCell(int32_t row, int32_t col) { selection.PlaceCurrent(row, col); }
+  int32_t CurRow() const { return selection.CurRow(); }
+  int32_t CurCol() const { return selection.CurCol(); }
+  void RememberSelection() { selection.BeforeReorder(); }
+  void RestoreSelection() { selection.AfterReorder(); }
+  // Where a printable character goes when no edit is open: key search or the editor.
+  void CharacterTyped(int32_t charCode);
 
   // ---- Cells: one property of one cell (resolved row and column index).
   Variant CellProperty(int32_t row, int32_t colIndex, ECellProperty p) const;
@@ -96,8 +108,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     explicit EditSiteImpl(Control& control) : c(control) {}
     QuiltaEvents* Events() override { return c.events; }
     Platform& GetPlatform() override { return *c.platform; }
-    int32_t CurRow() const override { return c.curRow; }
-    int32_t CurCol() const override { return c.curCol; }
+    int32_t CurRow() const override { return c.CurRow(); }
+    int32_t CurCol() const override { return c.CurCol(); }
     std::string CellText(int32_t row, int32_t colIndex) override;
     void EnsureCellVisible(int32_t row, int32_t colIndex) override;
     Rect EditRect(int32_t row, int32_t colIndex) override;
@@ -264,6 +276,52 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // repaints everything).
   void InvalidateHeader();
 
+  // ---- Interaction: the sites the selection, the keyboard and key search reach out through.
+  struct SelectionSite final : interaction::SelectionSite {
+    explicit SelectionSite(Control& control) : c(control) {}
+    QuiltaEvents* Events() override { return c.events; }
+    void EndEditing() override { c.EndEditing(); }
+    void Redraw() override { c.RequestRedraw(); }
+    void CurrentCellMoved(int32_t oldRow, int32_t oldCol, int32_t newRow, int32_t newCol) override;
+    Control& c;
+  };
+  // Scrolling into view and the view's extent belong to hit testing and visibility, which is not
+  // built yet. Until it is, this placeholder keeps a top row and measures the view with the row
+  // heights and the cells area; it scrolls vertically only.
+  struct ViewSiteImpl final : interaction::ViewSite {
+    explicit ViewSiteImpl(Control& control) : c(control) {}
+    bool EnsureCellVisible(int32_t row, int32_t col) override;
+    bool EnsureRowVisible(int32_t row, int32_t gap) override;
+    int32_t ViewHeight() override;
+    int32_t FirstFullyVisibleRow() override;
+    int32_t LastFullyVisibleRow() override;
+    void ScrollLines(int32_t columns, int32_t rows) override;
+    void ScrollPages(int32_t pages) override;
+    Control& c;
+  };
+  // In-cell editing, the clipboard and the context menu are not built yet: their keys do
+  // nothing until they are. The row hierarchy and virtual rows are real.
+  struct CommandSiteImpl final : interaction::CommandSite {
+    explicit CommandSiteImpl(Control& control) : c(control) {}
+    bool IsEditing() override { return c.editor.IsEditing(); }
+    interaction::EditKind EditKindOf(int32_t row, int32_t col) override;
+    void RequestEditCurCell(int32_t charCode, bool showCombo) override {
+      c.editor.RequestEdit(charCode, showCombo);
+    }
+    bool CommitEdit() override { return !c.editor.Commit(true); }
+    void CancelEdit() override { c.editor.Cancel(); }
+    bool ToggleCheckBox(int32_t row, int32_t col) override;
+    void Copy(bool) override {}
+    void Cut() override {}
+    void Paste() override {}
+    void ClearSelectedCells() override {}
+    void ShowContextMenu(int32_t, int32_t) override {}
+    void SetRowExpanded(int32_t row, bool expanded) override;
+    void ExpandSubtree(int32_t row) override;
+    bool EnsureVirtualRows(int32_t row) override { return c.store.EnsureVirtualRows(row); }
+    Control& c;
+  };
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -277,8 +335,6 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   layout::Geometry geometry;
   std::shared_ptr<model::CellResources> resources;
   model::GridStore store;
-  int32_t curRow = 0;
-  int32_t curCol = 0;
   CombosObject combos;
   int32_t dynamicContentEvents = quDCEventNone;
   GeometrySite geometrySite{*this};
@@ -301,6 +357,17 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   HeaderObject headerObject{*this};
   // Grid painting's answers about tree lines, kept while the rows stay as they are.
   render::TreeLineScans treeLineScans;
+  SelectionSite selectionSite{*this};
+  ViewSiteImpl viewSite{*this};
+  CommandSiteImpl commandSite{*this};
+  interaction::Selection selection{store, props, selectionSite, viewSite};
+  SelItemsObject selItemsObject{selection.Items()};
+  int32_t keySearchCol = 0;
+  interaction::KeySearch keySearch{
+      store,         props,        selection,
+      selectionSite, keySearchCol, [this](int32_t r, int32_t c) { return CellText(r, c); }};
+  interaction::KeyboardCommands keyboard{store,    props,       selection,    keySearch,
+                                         viewSite, commandSite, selectionSite};
   // (subsystem state end)
 };
 

@@ -5,8 +5,8 @@ namespace quilta::control {
 
 void Control::EndEditing() { editor.Cancel(); }
 
-void Control::EnsureCellVisible(int32_t, int32_t) {
-  // Scrolling a cell into view arrives with hit testing and visibility.
+void Control::EnsureCellVisible(int32_t row, int32_t colIndex) {
+  viewSite.EnsureCellVisible(row, colIndex);
 }
 
 std::string Control::EditSiteImpl::CellText(int32_t row, int32_t colIndex) {
@@ -33,12 +33,10 @@ const ComboObject* Control::EditSiteImpl::ComboListOf(int32_t row, int32_t colIn
   return c.combos.Find(c.resources->controlKeys.Text(cell.ctrlKey));
 }
 
-void Control::EditSiteImpl::ClearSearchString() {
-  // Key search keeps its string with the interaction subsystem.
-}
+void Control::EditSiteImpl::ClearSearchString() { c.keySearch.Clear(); }
 
-void Control::EditSiteImpl::KeySearchCharacter(int32_t) {
-  // Typed characters reach key search through the interaction subsystem.
+void Control::EditSiteImpl::KeySearchCharacter(int32_t charCode) {
+  if (c.CurRow() >= 1 && c.CurCol() >= 1) c.keySearch.Type(charCode);
 }
 
 void Control::EditSiteImpl::RedrawCell(int32_t row, int32_t colIndex) {

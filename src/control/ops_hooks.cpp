@@ -39,13 +39,15 @@ void Control::GroupingSite::CustomGroupValue(int32_t row, int32_t col, Variant& 
 }
 
 int32_t Control::GroupingSite::CurrentRowPhys() {
-  int32_t row = c.curRow;
+  int32_t row = c.CurRow();
   return row >= 1 && row <= c.store.RowCount() ? c.store.Rows().At(row).phys : 0;
 }
 
 void Control::GroupingSite::SetCurrentRowPhys(int32_t phys) {
   int32_t row = phys ? c.store.Rows().RowOfPhys(phys) : 0;
-  c.SetCurrentCell(row, c.curCol);
+  if (row == c.CurRow()) return;  // the selection already followed its row
+  c.selection.SetCurCellPos(row, row ? c.CurCol() : 0);
+  c.selection.RaisePendingSelEvents();
 }
 
 }  // namespace quilta::control

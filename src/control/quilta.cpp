@@ -87,7 +87,6 @@ int32_t Quilta::RowCount() const { return c_->store.RowCount(); }
 void Quilta::SetRowCount(int32_t lCount) {
   c_->store.SetRowCount(lCount);
   c_->grouping.RowsRemoved();
-  if (c_->curRow > lCount) c_->SetCurrentCell(0, c_->curCol);
 }
 
 void Quilta::Clear(bool bRemoveCols) { c_->store.Clear(bRemoveCols); }
@@ -133,8 +132,5 @@ bool Quilta::Supports(ESupportFeatures eFeature) const {
   }
   throw Error::FromCode(quErrInvalidArgument);
 }
-
-int32_t Quilta::CurRow() const { return c_->curRow; }
-int32_t Quilta::CurCol() const { return c_->curCol; }
 
 }  // namespace quilta

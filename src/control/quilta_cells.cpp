@@ -148,12 +148,6 @@ bool Quilta::CellSelectable(const Variant& vRow, const Variant& vCol) const {
 void Quilta::SetCellSelectable(const Variant& vRow, const Variant& vCol, bool bSelectable) {
   SetCellProp(*c_, vRow, vCol, quPropCellSelectable, bSelectable);
 }
-bool Quilta::CellSelected(const Variant& vRow, const Variant& vCol) const {
-  return GetCellProp(*c_, vRow, vCol, quPropCellSelected).BoolValue();
-}
-void Quilta::SetCellSelected(const Variant& vRow, const Variant& vCol, bool bSelected) {
-  SetCellProp(*c_, vRow, vCol, quPropCellSelected, bSelected);
-}
 bool Quilta::CellCheckVisible(const Variant& vRow, const Variant& vCol) const {
   return GetCellProp(*c_, vRow, vCol, quPropCellCheckVisible).BoolValue();
 }

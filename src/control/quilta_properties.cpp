@@ -212,9 +212,6 @@ void Quilta::SetKeySearchLoop(bool b) { c_->SetProperty(P::KeySearchLoop, b); }
 int32_t Quilta::LevelIndent() const { return c_->props.Long(P::LevelIndent); }
 void Quilta::SetLevelIndent(int32_t l) { c_->SetProperty(P::LevelIndent, l); }
 
-bool Quilta::MultiSelect() const { return c_->props.Bool(P::MultiSelect); }
-void Quilta::SetMultiSelect(bool b) { c_->SetProperty(P::MultiSelect, b); }
-
 int16_t Quilta::OLEDropMode() const { return c_->props.Get(P::OLEDropMode).IntegerValue(); }
 void Quilta::SetOLEDropMode(int16_t i) { c_->SetProperty(P::OLEDropMode, i); }
 
@@ -227,9 +224,6 @@ void Quilta::SetOpaqueTextInHatchedCells(bool b) {
 
 bool Quilta::PrefixGroupValues() const { return c_->props.Bool(P::PrefixGroupValues); }
 void Quilta::SetPrefixGroupValues(bool b) { c_->SetProperty(P::PrefixGroupValues, b); }
-
-bool Quilta::RowMode() const { return c_->props.Bool(P::RowMode); }
-void Quilta::SetRowMode(bool b) { c_->SetProperty(P::RowMode, b); }
 
 EScrollBarStyles Quilta::ScrollBarStyle() const {
   return static_cast<EScrollBarStyles>(c_->props.Long(P::ScrollBarStyle));

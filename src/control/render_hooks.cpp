@@ -78,8 +78,8 @@ void Control::PaintCells(Painter& painter, const Rect& clip) {
   // Every change of row order, levels or count runs a row position pass.
   treeLineScans.Sync(static_cast<uint64_t>(geometry.RowPasses()) << 32 ^
                      static_cast<uint32_t>(store.RowCount()));
-  const render::PaintSource source{
-      store, *resources, props.FontValue(), *platform, imageLists, treeLineScans, curRow, curCol};
+  const render::PaintSource source{store,      *resources,    props.FontValue(), *platform,
+                                   imageLists, treeLineScans, CurRow(),          CurCol()};
   const model::ColumnStore& cols = store.Cols();
   const int32_t rowTextSlot = std::max(1, cols.SlotOfIndex(geometry.RowTextStartCol()));
   const render::GridLayout layout{view, geometry.Columns(), rowTextSlot};

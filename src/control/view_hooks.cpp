@@ -69,8 +69,8 @@ layout::CellPartsInput Control::CellPartsFor(int32_t row, int32_t colIndex, cons
   }
   const ECellTypes type = c.Type();
   const bool comboType = type == quCellCombo || type == quCellTextCombo;
-  if (comboType &&
-      (props.Bool(model::Prop::ShowControlsInAllCells) || (row == curRow && colIndex == curCol))) {
+  if (comboType && (props.Bool(model::Prop::ShowControlsInAllCells) ||
+                    (row == CurRow() && colIndex == CurCol()))) {
     in.comboButtonWidth = platform->ComboButtonWidth();
   }
   in.indentLeft = c.indentLeft;

@@ -433,7 +433,7 @@ void GridStore::SetRowCount(int32_t count) {
   }
   listener_.MarkLayoutDirty(kLayoutRows);
   if (count < old) {
-    listener_.RowsRemoved(count + 1, old - count);
+    listener_.RowsTruncated(count + 1, old - count);
     DropRows(count + 1, old - count);
     listener_.RecalcRowsFrom(std::max(count, 1));
   } else {

@@ -22,6 +22,8 @@ class StoreListener {
   virtual void ColumnsRemoved(int32_t index, int32_t count) = 0;
   virtual void RowsInserted(int32_t row, int32_t count) = 0;
   virtual void RowsRemoved(int32_t row, int32_t count) = 0;
+  // The last count rows, from row on, are about to go because RowCount shrank.
+  virtual void RowsTruncated(int32_t row, int32_t count) = 0;
   virtual void RowsCleared(bool columnsToo) = 0;
   // Virtual mode: the host is asked for a row; returns false when it has no more rows.
   virtual bool RequestRow(int32_t row) = 0;

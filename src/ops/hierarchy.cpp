@@ -138,6 +138,7 @@ void Hierarchy::MoveRows(int32_t row, int32_t target, int32_t count, int32_t mod
   if (deepest + delta > 255) Raise(quErrInvalidHierarchy);
 
   c_.EndEditing();
+  c_.RememberSelection();
   c_.geometry.RecordChange(model::kLayoutRows);
   int32_t dest = mode == quMoveRowBefore ? target : c_.store.LastNested(target) + 1;
   int32_t size = last - row + 1;
@@ -160,7 +161,9 @@ void Hierarchy::MoveRows(int32_t row, int32_t target, int32_t count, int32_t mod
     rows.At(r).level = static_cast<uint8_t>(rows.At(r).level + delta);
   int32_t firstChanged = std::min(dest, row);
   rows.NotePositionsChanged(firstChanged);
-  if (c_.curRow >= 1 && c_.curRow <= rows.Count()) c_.curRow = moved(c_.curRow);
+  c_.RestoreSelection();
+  if (c_.CurRow() >= 1 && c_.CurRow() <= rows.Count())
+    c_.selection.RenumberCurrentRow(moved(c_.CurRow()));
 
   FitBlockToParent(newFirst, newFirst + size - 1);
   if (oldParent) c_.store.HideButtonIfChildless(moved(oldParent));

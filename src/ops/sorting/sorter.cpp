@@ -284,12 +284,14 @@ void Sorter::SyncColumnMarks() {
 }
 
 int32_t Sorter::CurrentPhys() const {
-  int32_t row = c_.curRow;
+  c_.RememberSelection();
+  int32_t row = c_.CurRow();
   return row >= 1 && row <= c_.store.RowCount() ? c_.store.Rows().At(row).phys : 0;
 }
 
 void Sorter::RestoreCurrent(int32_t phys) {
-  if (phys) c_.SetCurrentCell(c_.store.Rows().RowOfPhys(phys), c_.curCol);
+  c_.RestoreSelection();
+  if (phys) c_.SetCurrentCell(c_.store.Rows().RowOfPhys(phys), c_.CurCol());
 }
 
 }  // namespace quilta::ops
