@@ -1,5 +1,7 @@
 #include "control/control.hpp"
 
+#include <algorithm>
+
 namespace quilta::control {
 
 Control::Control(Platform* hostPlatform)
@@ -68,11 +70,19 @@ void Control::ColumnsRemoved(int32_t index, int32_t count) {
   }
 }
 
+// Rows from `row` on changed places: a row pass held back by BeginUpdate for a row below them
+// must now start at `row`, or the rows that moved up into its range keep stale positions.
+void Control::PendingPassFrom(int32_t row) {
+  if (updates.pendingRow > row) updates.pendingRow = std::max(row, 1);
+}
+
 void Control::RowsInserted(int32_t row, int32_t count) {
+  PendingPassFrom(row);
   if (curRow >= row) curRow += count;
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
+  PendingPassFrom(row);
   // A current row strictly inside the removed block moves to current row - count, before the
   // block: the grid has always done so and hosts rely on it.
   if (curRow > row) {

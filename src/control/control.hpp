@@ -58,6 +58,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void SetRecalcRowParms(bool on);
   // Runs the row position pass from a row now and clears what was pending.
   void RunRowPass(int32_t from);
+  void PendingPassFrom(int32_t row);
 
   // ---- Current cell: renumbered silently when rows or columns move, cleared when they go.
   void SetCurrentCell(int32_t row, int32_t col);

@@ -148,7 +148,16 @@ void Sorter::SortRange(int32_t first, int32_t last, const Criteria& criteria, Ar
   if (BuildRowKeys(c_, plan, keys)) {
     SortByKeys(rows, plan, keys, runs, how);
   } else {
-    SortDirect(c_, plan, runs, how);
+    // The host's handlers take part in these comparisons; if one throws, the rows go back to
+    // the order they had, so a failed sort changes nothing.
+    auto begin = rows.Records().begin();
+    const std::vector<RowRecord> before(begin + (first - 1), begin + last);
+    try {
+      SortDirect(c_, plan, runs, how);
+    } catch (...) {
+      std::copy(before.begin(), before.end(), rows.Records().begin() + (first - 1));
+      throw;
+    }
   }
   rows.NotePositionsChanged(first);
 }
@@ -161,6 +170,7 @@ void Sorter::Sort(const Variant& vCols, const Variant& vRowStart, const Variant&
   int32_t start = Bound(vRowStart);
   int32_t end = Bound(vRowEnd);
   Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
+  Criteria previous = criteria;
   if (!vCols.IsMissing()) {
     std::vector<int32_t> cols;
     if (vCols.IsArray()) {
@@ -178,8 +188,7 @@ void Sorter::Sort(const Variant& vCols, const Variant& vRowStart, const Variant&
     }
   }
   if (criteria.empty()) return;
-  RangeSort(start, end);
-  SyncColumnMarks();
+  SortAndMark(start, end, std::move(previous), {});
 }
 
 void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrder,
@@ -201,6 +210,7 @@ void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrd
     return;
   }
   Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
+  Criteria previous = criteria;
   if (iShift != 0) {
     criteria.erase(criteria.begin(), criteria.begin() + static_cast<std::ptrdiff_t>(std::min(
                                                             c_.groupedBy.size(), criteria.size())));
@@ -217,9 +227,23 @@ void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrd
                                                : column.sortOrderDefault;
     criteria.assign(1, Criterion{col, order, column.sortType});
   }
-  RangeSort(start, end);
-  criteria.insert(criteria.begin(), c_.groupedBy.begin(), c_.groupedBy.end());
+  SortAndMark(start, end, std::move(previous), c_.groupedBy);
+}
+
+// A handler that throws before the rows are in order (BeforeContentsSorted, CustomSort, ...)
+// leaves the criteria as they were; AfterContentsSorted comes once the sort marks are set too.
+void Sorter::SortAndMark(int32_t start, int32_t end, Criteria previous, const Criteria& grouped) {
+  Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
+  bool sorted = false;
+  try {
+    sorted = RangeSort(start, end);
+  } catch (...) {
+    criteria = std::move(previous);
+    throw;
+  }
+  criteria.insert(criteria.begin(), grouped.begin(), grouped.end());
   SyncColumnMarks();
+  if (sorted && c_.events) c_.events->AfterContentsSorted();
 }
 
 void Sorter::SortRowChildNodes(const Variant& vRow) {
@@ -244,9 +268,9 @@ void Sorter::HeaderClicked(int32_t colIndex, int16_t shift) {
 
 // ---- The range sort ---------------------------------------------------------------------------
 
-void Sorter::RangeSort(int32_t start, int32_t end) {
+bool Sorter::RangeSort(int32_t start, int32_t end) {
   model::GridStore& store = c_.store;
-  if (store.RowCount() == 0 || store.ColCount() == 0) return;
+  if (store.RowCount() == 0 || store.ColCount() == 0) return false;
   if (c_.events) c_.events->BeforeContentsSorted();
   int32_t phys = CurrentPhys();
   int32_t first = start ? start : 1;
@@ -265,7 +289,7 @@ void Sorter::RangeSort(int32_t start, int32_t end) {
   c_.RequestRedraw();
   RestoreCurrent(phys);
   if (c_.props.Bool(model::Prop::SortScrollToCurRow)) c_.ScrollCurRowIntoView();
-  if (c_.events) c_.events->AfterContentsSorted();
+  return true;
 }
 
 void Sorter::SyncColumnMarks() {

@@ -39,7 +39,10 @@ class Sorter {
 
  private:
   int32_t Bound(const Variant& v) const;
-  void RangeSort(int32_t start, int32_t end);
+  // Sorts rows start..end (0: first, last) between the Before/AfterContentsSorted events; returns
+  // whether it sorted (an empty grid raises nothing). AfterContentsSorted is the caller's.
+  bool RangeSort(int32_t start, int32_t end);
+  void SortAndMark(int32_t start, int32_t end, Criteria previous, const Criteria& grouped);
   void SyncColumnMarks();
   int32_t CurrentPhys() const;
   void RestoreCurrent(int32_t phys);
