@@ -647,6 +647,48 @@ void AddOrderAndUpdateCalls(RandomCallTable& t) {
   sort.show = [](const Call& k) { return "Sort(" + ShowRef(k.v) + ")"; };
   t.Add(sort);
 
+  // The same sort compared by the host, whose CustomSort handler throws on its n-th comparison:
+  // either the sort finished first, or the rows and criteria are as they were.
+  CallKind throwing;
+  throwing.name = "Sort through a throwing CustomSort";
+  throwing.weight = 2;
+  throwing.make = [](Rng& rng, const ReferenceModel& m) {
+    Call k;
+    k.v = ColRef(rng, m);
+    k.a = Pick(rng, 1, 80);
+    return k;
+  };
+  throwing.run = [](Quilta& g, const Call& k) {
+    struct Sink : QuiltaEvents {
+      int left = 0;
+      void CustomSort(int32_t, int32_t, int32_t, const Variant& v1, const Variant& v2,
+                      int32_t& result) override {
+        if (--left == 0) throw HostHandlerFailure{};
+        const VarCmpResult r = Compare(v1, v2);
+        result = r == VarCmpNull ? 0 : r;
+      }
+    } sink;
+    sink.left = k.a;
+    const ESortTypes type = g.ColSortType(k.v);
+    g.SetColSortType(k.v, quSortCustom);
+    g.SetEventSink(&sink);
+    try {
+      g.Sort(k.v);
+    } catch (...) {
+      g.SetEventSink(nullptr);
+      g.SetColSortType(k.v, type);
+      throw;
+    }
+    g.SetEventSink(nullptr);
+    g.SetColSortType(k.v, type);
+    return 0;
+  };
+  throwing.adopt = AdoptSort;
+  throwing.show = [](const Call& k) {
+    return "Sort(" + ShowRef(k.v) + ") with CustomSort throwing on comparison " + to_string(k.a);
+  };
+  t.Add(throwing);
+
   CallKind begin;
   begin.name = "BeginUpdate";
   begin.weight = 1;

@@ -28,6 +28,9 @@ struct Call {
   Variant v, w, x;
 };
 
+// What a host's handler throws in the random calls that attach one.
+struct HostHandlerFailure {};
+
 struct CallKind {
   std::string name;
   int weight = 1;

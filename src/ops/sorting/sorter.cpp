@@ -148,16 +148,7 @@ void Sorter::SortRange(int32_t first, int32_t last, const Criteria& criteria, Ar
   if (BuildRowKeys(c_, plan, keys)) {
     SortByKeys(rows, plan, keys, runs, how);
   } else {
-    // The host's handlers take part in these comparisons; if one throws, the rows go back to
-    // the order they had, so a failed sort changes nothing.
-    auto begin = rows.Records().begin();
-    const std::vector<RowRecord> before(begin + (first - 1), begin + last);
-    try {
-      SortDirect(c_, plan, runs, how);
-    } catch (...) {
-      std::copy(before.begin(), before.end(), rows.Records().begin() + (first - 1));
-      throw;
-    }
+    SortDirect(c_, plan, runs, how);
   }
   rows.NotePositionsChanged(first);
 }
