@@ -1,5 +1,19 @@
 // QuiltaEvents: the control's event interface. Override only what you handle; every member has an
 // empty default body. Events are raised synchronously on the caller's thread.
+//
+// Handlers that throw. A handler may throw any C++ exception. The grid does not catch it: it
+// reaches the caller of the public member that raised the event, unchanged. The grid is left
+// consistent, and the operation happened either completely or not at all:
+// - an event raised before the operation changes anything (the Before... events, QuitCustomEdit,
+//   ColHeaderClick) stops it: nothing has changed;
+// - an event raised while the operation works (CustomSort, CustomGroupValue, the dynamic content
+//   events during a sort) undoes what was done so far: a sort puts the rows and the sort
+//   criteria back as they were;
+// - an event raised once the operation is complete (the After... events, AfterContentsSorted)
+//   leaves it complete;
+// - RequestRow and RequestRowData add rows one at a time: the rows already added stay, each
+//   complete (a row whose RequestRowData threw stays with the cells it has).
+// Events added later follow the same rule.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,7 @@
 #include "control/control.hpp"
 
+#include <algorithm>
+
 namespace quilta::control {
 
 Control::Control(Platform* hostPlatform)
@@ -69,17 +71,28 @@ void Control::ColumnsRemoved(int32_t index, int32_t count) {
   selection.ColumnsRemoved(index, count);
 }
 
+// Rows from `row` on changed places: a row pass held back by BeginUpdate for a row below them
+// must now start at `row`, or the rows that moved up into its range keep stale positions.
+void Control::PendingPassFrom(int32_t row) {
+  if (updates.pendingRow > row) updates.pendingRow = std::max(row, 1);
+}
+
 void Control::RowsInserted(int32_t row, int32_t count) {
+  PendingPassFrom(row);
   grouping.RowsInserted(row, count);
   selection.RowsInserted(row, count);
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
+  PendingPassFrom(row);
   grouping.RowsRemoving(row, count);
   selection.RowsRemoved(row, count, false);
 }
 
-void Control::RowsTruncated(int32_t row, int32_t count) { selection.RowsRemoved(row, count, true); }
+void Control::RowsTruncated(int32_t row, int32_t count) {
+  PendingPassFrom(row);
+  selection.RowsRemoved(row, count, true);
+}
 
 void Control::RowsCleared(bool columnsToo) {
   if (columnsToo) {

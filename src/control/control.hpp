@@ -71,6 +71,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void SetRecalcRowParms(bool on);
   // Runs the row position pass from a row now and clears what was pending.
   void RunRowPass(int32_t from);
+  void PendingPassFrom(int32_t row);
 
   // ---- Current cell and selection: renumbered silently when rows or columns move, cleared
   // when they go. A reorder (sorting, MoveRow) keeps the selected items on their data rows:

@@ -88,6 +88,11 @@ void CellColumn::Reset(const Cell& uniform) {
   NoteRefs(uniform);
 }
 
+int32_t CellStore::BufferedColumns() const {
+  return static_cast<int32_t>(std::count_if(cols_.begin(), cols_.end(),
+                                            [](const CellColumn& c) { return !c.IsUniform(); }));
+}
+
 void CellStore::Reserve(int32_t n) {
   if (n <= capacity_) return;
   int64_t grown = std::max<int64_t>({n, static_cast<int64_t>(capacity_) * 3 / 2, 64});

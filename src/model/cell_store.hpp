@@ -69,6 +69,8 @@ class CellStore {
  public:
   int32_t ColumnCount() const { return static_cast<int32_t>(cols_.size()); }
   int32_t LiveRows() const { return liveRows_; }
+  // Columns whose cells have records of their own (a buffer as long as the capacity).
+  int32_t BufferedColumns() const;
 
   const Cell& Get(int32_t colIndex, int32_t phys) const { return cols_[colIndex - 1].Get(phys); }
   Cell& Mutable(int32_t colIndex, int32_t phys) {

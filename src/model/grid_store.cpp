@@ -6,6 +6,7 @@
 #include <new>
 
 #include "model/cell_object_access.hpp"
+#include "model/memory_budget.hpp"
 #include "model/text/text.hpp"
 
 namespace quilta::model {
@@ -35,6 +36,10 @@ void CheckCount(int64_t current, int32_t added) {
   if (added < 1) Raise(quErrInvalidArgument);
   if (current + added > std::numeric_limits<int32_t>::max() - 1) Raise(quErrOutOfMemory);
 }
+
+// What one more column costs, with its header text: the record, its default cell object, its
+// column in the cell store and the template pointer.
+uint64_t ColumnBytes(size_t headerBytes) { return sizeof(Column) + 256 + headerBytes; }
 
 void CheckRange(int32_t value, int32_t low, int32_t high) {
   if (value < low || value > high) Raise(quErrInvalidArgument);
@@ -100,6 +105,7 @@ std::shared_ptr<CellObject> GridStore::AddCols(const AddColArgs& a) {
   if (a.lMinWidth >= 0 && a.lMaxWidth >= 0 && a.lMaxWidth < a.lMinWidth)
     Raise(quErrMaxWidthBelowMin);
   CheckCount(ColCount(), a.lCount);
+  CheckAllocation(static_cast<uint64_t>(a.lCount), ColumnBytes(a.sHeader.size()));
   CheckRange(a.eHeaderAlignH, quAlignHLeft, quAlignHRight);
   CheckRange(a.eHeaderAlignV, quAlignVTop, quAlignVBottom);
   CheckRange(a.eSortOrderDefault, quSortAsc, quSortDesc);
@@ -174,6 +180,7 @@ void GridStore::SetColCount(int32_t count, std::string_view headerTemplate) {
     cells_.RemoveColumns(count + 1, old - count);
   } else {
     CheckCount(old, count - old);
+    CheckAllocation(static_cast<uint64_t>(count - old), ColumnBytes(headerTemplate.size()));
     listener_.MarkLayoutDirty(kLayoutRows);
     std::vector<Column> added;
     for (int32_t index = old + 1; index <= count; ++index) {
@@ -211,6 +218,10 @@ void GridStore::EnsureCapacity(int32_t rows) {
   int64_t wanted = static_cast<int64_t>(rows) + wantFreeRows_;
   int32_t allocated =
       static_cast<int32_t>(std::min<int64_t>(wanted, std::numeric_limits<int32_t>::max()));
+  // Every row takes a record and a cell in each column that holds cells of its own, and one more
+  // column may start to at any write.
+  CheckAllocation(static_cast<uint64_t>(allocated),
+                  sizeof(RowRecord) + sizeof(Cell) * (cells_.BufferedColumns() + 1));
   try {
     // The buffers grow geometrically so that adding rows one at a time stays cheap; the
     // allocated-rows figure follows the spare-row rule on top of them.

@@ -65,6 +65,10 @@ class RowStore {
   // Free physical rows, reused first, in the order they were freed; then new numbers after the
   // highest one handed out so far.
   int32_t FreeCount() const { return static_cast<int32_t>(free_.size() - freeHead_); }
+  // The free physical rows in the order they will be reused (for consistency checks).
+  std::vector<int32_t> FreePhysRows() const {
+    return {free_.begin() + static_cast<std::ptrdiff_t>(freeHead_), free_.end()};
+  }
   int32_t TakeFree();
   void AddFree(int32_t phys);
   int32_t PhysHighWater() const { return physHighWater_; }

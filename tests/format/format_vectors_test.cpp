@@ -59,7 +59,7 @@ Variant ValueOf(const std::string& type, const std::string& value) {
 }
 
 TEST(FormatVectors, EveryRowMatches) {
-  const std::string path = std::string(QUILTA_SHARED_DIR) + "/format-vectors.tsv";
+  const std::string path = std::string(QUILTA_SOURCE_DIR) + "/tests/format/data/format-vectors.tsv";
   std::ifstream in(path);
   ASSERT_TRUE(in) << "cannot open " << path;
   std::string line;

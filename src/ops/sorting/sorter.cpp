@@ -162,6 +162,7 @@ void Sorter::Sort(const Variant& vCols, const Variant& vRowStart, const Variant&
   int32_t start = Bound(vRowStart);
   int32_t end = Bound(vRowEnd);
   Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
+  Criteria previous = criteria;
   if (!vCols.IsMissing()) {
     std::vector<int32_t> cols;
     if (vCols.IsArray()) {
@@ -179,8 +180,7 @@ void Sorter::Sort(const Variant& vCols, const Variant& vRowStart, const Variant&
     }
   }
   if (criteria.empty()) return;
-  RangeSort(start, end);
-  SyncColumnMarks();
+  SortAndMark(start, end, std::move(previous), {});
 }
 
 void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrder,
@@ -202,6 +202,7 @@ void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrd
     return;
   }
   Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
+  Criteria previous = criteria;
   if (iShift != 0) {
     criteria.erase(criteria.begin(),
                    criteria.begin() + static_cast<std::ptrdiff_t>(std::min(
@@ -219,9 +220,27 @@ void Sorter::DoDefaultSort(const Variant& vCol, int16_t iShift, int32_t eSortOrd
                                                : column.sortOrderDefault;
     criteria.assign(1, Criterion{col, order, column.sortType});
   }
-  RangeSort(start, end);
-  criteria.insert(criteria.begin(), c_.grouping.GroupedBy().begin(), c_.grouping.GroupedBy().end());
+  SortAndMark(start, end, std::move(previous), c_.grouping.GroupedBy());
+}
+
+// A handler that throws before the rows are in order (BeforeContentsSorted, CustomSort, ...)
+// leaves the criteria as they were; AfterContentsSorted comes once the sort marks are set too.
+void Sorter::SortAndMark(int32_t start, int32_t end, Criteria previous, const Criteria& grouped) {
+  Criteria& criteria = SortGroupAccess::Items(c_.sortObject);
+  bool sorted = false;
+  try {
+    sorted = RangeSort(start, end);
+  } catch (...) {
+    criteria = std::move(previous);
+    throw;
+  }
+  criteria.insert(criteria.begin(), grouped.begin(), grouped.end());
   SyncColumnMarks();
+  if (sorted && c_.events) c_.events->AfterContentsSorted();
+}
+
+void Sorter::SortAll() {
+  if (RangeSort(0, 0) && c_.events) c_.events->AfterContentsSorted();
 }
 
 void Sorter::SortRowChildNodes(const Variant& vRow) {
@@ -246,9 +265,9 @@ void Sorter::HeaderClicked(int32_t colIndex, int16_t shift) {
 
 // ---- The range sort ---------------------------------------------------------------------------
 
-void Sorter::RangeSort(int32_t start, int32_t end) {
+bool Sorter::RangeSort(int32_t start, int32_t end) {
   model::GridStore& store = c_.store;
-  if (store.RowCount() == 0 || store.ColCount() == 0) return;
+  if (store.RowCount() == 0 || store.ColCount() == 0) return false;
   if (c_.events) c_.events->BeforeContentsSorted();
   int32_t phys = CurrentPhys();
   int32_t first = start ? start : 1;
@@ -267,7 +286,7 @@ void Sorter::RangeSort(int32_t start, int32_t end) {
   c_.RequestRedraw();
   RestoreCurrent(phys);
   if (c_.props.Bool(model::Prop::SortScrollToCurRow)) c_.ScrollCurRowIntoView();
-  if (c_.events) c_.events->AfterContentsSorted();
+  return true;
 }
 
 void Sorter::SyncColumnMarks() {

@@ -30,7 +30,8 @@ class Sorter {
   void SortRowChildNodes(const Variant& vRow);
   // The range sort over every row by SortObject, with its events, leaving ColSortKey and
   // ColSortOrder as they are (reading a sort layout has set them already).
-  void SortAll() { RangeSort(0, 0); }
+  // Sorts every row by SortObject as it stands, with the sort events (a restored sort state).
+  void SortAll();
   // A click on a column header: ColHeaderClick, then the default sort unless the host declines.
   void HeaderClicked(int32_t colIndex, int16_t shift);
 
@@ -44,7 +45,10 @@ class Sorter {
 
  private:
   int32_t Bound(const Variant& v) const;
-  void RangeSort(int32_t start, int32_t end);
+  // Sorts rows start..end (0: first, last) after BeforeContentsSorted; returns whether it sorted
+  // (an empty grid raises nothing). AfterContentsSorted is the caller's, once the marks are set.
+  bool RangeSort(int32_t start, int32_t end);
+  void SortAndMark(int32_t start, int32_t end, Criteria previous, const Criteria& grouped);
   int32_t CurrentPhys() const;
   void RestoreCurrent(int32_t phys);
 

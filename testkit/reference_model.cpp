@@ -1,0 +1,76 @@
+#include "reference_model.hpp"
+
+#include <cmath>
+#include <quilta/error.hpp>
+
+#include "model/text/text.hpp"
+
+namespace quilta::testkit {
+
+int32_t ReferenceModel::RowOfKey(const std::string& key) const {
+  if (key.empty()) return 0;
+  for (int32_t r = 1; r <= RowCount(); ++r)
+    if (Row(r).key == key) return r;
+  return 0;
+}
+
+bool IsGiven(const Variant& ref) { return !ref.IsMissing() && !ref.IsEmpty(); }
+
+int32_t ReferenceModel::ResolveRow(const Variant& ref) const {
+  int32_t r = 0;
+  if (ref.Type() == vbLong) r = ref.LongValue();
+  if (ref.Type() == vbString) r = RowOfKey(CStr(ref));
+  if (r < 1 || r > RowCount()) throw ExpectedError{513};
+  return r;
+}
+
+int32_t ReferenceModel::ResolveCol(const Variant& ref) const {
+  int32_t c = 0;
+  if (ref.Type() == vbLong) c = ref.LongValue();
+  if (ref.Type() == vbString) {
+    const std::string key = text::ToLower(CStr(ref));
+    for (int32_t i = 1; i <= ColCount() && !c; ++i)
+      if (text::ToLower(colKeys[i - 1]) == key) c = i;
+  }
+  if (c < 1 || c > ColCount() + 1) throw ExpectedError{513};
+  return c;
+}
+
+int32_t ReferenceModel::LastNested(int32_t r) const {
+  int32_t last = r;
+  while (last < RowCount() && Row(last + 1).level > Row(r).level) ++last;
+  return last;
+}
+
+int32_t ReferenceModel::ParentOf(int32_t r) const {
+  if (Row(r).level == 0) return 0;
+  for (int32_t i = r - 1; i >= 1; --i)
+    if (Row(i).level == Row(r).level - 1) return i;
+  return 0;
+}
+
+bool ReferenceModel::HasChildren(int32_t r) const {
+  return r < RowCount() && Row(r + 1).level == Row(r).level + 1;
+}
+
+RowState ReferenceModel::NewRow(int32_t id) const {
+  RowState row;
+  row.id = id;
+  row.height = 18;
+  row.values.assign(static_cast<size_t>(ColCount()) + 1, Variant());
+  return row;
+}
+
+void ReferenceModel::InsertColumns(int32_t index, int32_t count) {
+  colKeys.insert(colKeys.begin() + (index - 1), static_cast<size_t>(count), std::string());
+  for (RowState& row : rows)
+    row.values.insert(row.values.begin() + (index - 1), static_cast<size_t>(count), Variant());
+}
+
+void ReferenceModel::EraseColumns(int32_t index, int32_t count) {
+  colKeys.erase(colKeys.begin() + (index - 1), colKeys.begin() + (index - 1 + count));
+  for (RowState& row : rows)
+    row.values.erase(row.values.begin() + (index - 1), row.values.begin() + (index - 1 + count));
+}
+
+}  // namespace quilta::testkit
