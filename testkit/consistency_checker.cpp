@@ -139,9 +139,46 @@ void CheckColumnPositions(const Control& c, Problems& p) {
 
 void CheckCurrentCell(const Control& c, Problems& p) {
   if (c.CurRow() < 0 || c.CurRow() > c.store.RowCount())
-    p.Report("current row " + to_string(c.CurRow()) + " outside 0.." + to_string(c.store.RowCount()));
+    p.Report("current row " + to_string(c.CurRow()) + " outside 0.." +
+             to_string(c.store.RowCount()));
   if (c.CurCol() < 0 || c.CurCol() > c.store.Cols().RowTextCol())
     p.Report("current column " + to_string(c.CurCol()) + " out of range");
+}
+
+// Every listed item is selected in the cells and, in cell mode, every selected cell is listed (a
+// row-mode item stands for a row with selected cells). Cells of never-written rows are the
+// column's template and hold no selection.
+void CheckSelection(const Control& c, Problems& p) {
+  const interaction::SelItems& items = c.selection.Items();
+  const int32_t rows = c.store.RowCount(), lastCol = c.store.Cols().RowTextCol();
+  const bool rowMode = c.selection.RowMode();
+  items.ForEach([&](int32_t row, int32_t col) {
+    if (row < 1 || row > rows || col < 1 || col > lastCol) {
+      p.Report("item (" + to_string(row) + ", " + to_string(col) + ") outside the grid");
+      return;
+    }
+    bool selected = false;
+    for (int32_t k = rowMode ? 1 : col; k <= (rowMode ? lastCol : col) && !selected; ++k)
+      selected = c.store.CellAt(row, k).Selected();
+    if (!selected)
+      p.Report("item (" + to_string(row) + ", " + to_string(col) + ") has no selected cell");
+  });
+  if (rowMode) return;
+  int64_t selectedCells = 0;
+  for (int32_t row = 1; row <= rows; ++row)
+    for (int32_t col = 1; col <= lastCol; ++col)
+      selectedCells += c.store.CellAt(row, col).Selected();
+  if (selectedCells != items.Count())
+    p.Report(to_string(selectedCells) + " selected cells, " + to_string(items.Count()) + " listed");
+}
+
+// An edit in progress belongs to a cell of the grid.
+void CheckEditing(const Control& c, Problems& p) {
+  if (!c.editor.IsEditing()) return;
+  if (c.editor.Row() < 1 || c.editor.Row() > c.store.RowCount() || c.editor.Col() < 1 ||
+      c.editor.Col() > c.store.Cols().RowTextCol())
+    p.Report("editing cell (" + to_string(c.editor.Row()) + ", " + to_string(c.editor.Col()) +
+             ") outside the grid");
 }
 
 }  // namespace
@@ -160,6 +197,8 @@ const ConsistencyChecker& ConsistencyChecker::ForGrid() {
     k.Add("columns", CheckColumns);
     k.Add("column positions", CheckColumnPositions);
     k.Add("current cell", CheckCurrentCell);
+    k.Add("selection", CheckSelection);
+    k.Add("editing", CheckEditing);
     return k;
   }();
   return checker;

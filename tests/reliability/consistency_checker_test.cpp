@@ -62,6 +62,8 @@ TEST(ConsistencyChecker, EachKindOfDamageIsReportedByItsCheck) {
       {"columns", [](Control& c) { c.store.Cols().AtSlot(2).keyLower = "a"; }},
       {"column positions", [](Control& c) { c.store.Cols().AtSlot(2).startX = 0; }},
       {"current cell", [](Control& c) { c.selection.PlaceCurrent(99, 1); }},
+      {"selection", [](Control& c) { c.store.MutableCell(2, 1).SetSelected(true); }},
+      {"selection", [](Control& c) { c.selection.Items().Add(3, 1); }},
   };
   for (const Damage& d : damages) {
     Quilta grid;
