@@ -203,3 +203,67 @@ TEST(Editing, AComboListWithoutTextBoxStoresTheChosenItemsValue) {
 
 }  // namespace
 }  // namespace quilta::testing
+
+namespace quilta::testing {
+namespace {
+
+TEST(EditingByKeys, F2TypingEnterAndTabCommitThroughTheKeyboard) {
+  EditFixture f;
+  f.grid.SetCurCell(1, 1);
+  f.grid.DoKeyboardCommand(113);  // F2
+  ASSERT_TRUE(f.grid.IsEditing());
+  f.grid.SetTextEditText("");
+  f.Box().Type("17");
+  f.grid.DoKeyboardCommand(13);  // Enter commits and does nothing more
+  EXPECT_FALSE(f.grid.IsEditing());
+  EXPECT_EQ(f.grid.CellValue(1, 1), Variant(17));
+  EXPECT_EQ(f.grid.CurCol(), 1);
+
+  f.grid.DoKeyboardCommand(113);
+  f.grid.SetTextEditText("x1");
+  f.grid.DoKeyboardCommand(9);  // Tab: the bad value keeps the edit open, the cell stays current
+  EXPECT_TRUE(f.grid.IsEditing());
+  EXPECT_EQ(f.grid.CurCol(), 1);
+  f.grid.SetTextEditText("18");
+  f.grid.DoKeyboardCommand(9);  // now it commits and moves right
+  EXPECT_FALSE(f.grid.IsEditing());
+  EXPECT_EQ(f.grid.CellValue(1, 1), Variant(18));
+  EXPECT_EQ(f.grid.CurCol(), 2);
+
+  f.grid.DoKeyboardCommand(113);
+  f.grid.DoKeyboardCommand(27);  // Esc cancels
+  EXPECT_FALSE(f.grid.IsEditing());
+  EXPECT_EQ(f.log.order.back(), "Cancel");
+}
+
+TEST(EditingByKeys, SpaceTogglesTheCheckBoxOfTheCurrentCell) {
+  EditFixture f;
+  f.grid.SetCellCheckVisible(2, 2, true);
+  f.grid.SetCurCell(2, 2);
+  f.grid.DoKeyboardCommand(32);
+  EXPECT_EQ(f.grid.CellCheckState(2, 2), quCheckStateChecked);
+  f.grid.SetEditable(false);
+  f.grid.DoKeyboardCommand(32);
+  EXPECT_EQ(f.grid.CellCheckState(2, 2), quCheckStateChecked);
+}
+
+TEST(EditingByKeys, AHandlerThatThrowsLeavesTheEditorConsistent) {
+  struct Throwing : EditLog {
+    void BeforeCommitEdit(int32_t, int32_t, EEditResults&, const std::string&, Variant&, int32_t,
+                          bool, int32_t&) override {
+      throw std::runtime_error("host failure");
+    }
+  } host;
+  EditFixture f;
+  f.grid.SetEventSink(&host);
+  f.grid.RequestEditCurCell();
+  f.grid.SetTextEditText("9");
+  EXPECT_THROW(f.grid.CommitEditCurCell(), std::runtime_error);
+  EXPECT_EQ(f.grid.CellValue(1, 1), Variant(5));  // nothing stored
+  EXPECT_TRUE(f.grid.IsEditing());                // the edit is still there to finish or cancel
+  f.grid.CancelEditCurCell();
+  EXPECT_FALSE(f.grid.IsEditing());
+}
+
+}  // namespace
+}  // namespace quilta::testing
