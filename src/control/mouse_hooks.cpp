@@ -4,7 +4,9 @@
 
 namespace quilta::control {
 
+// A disabled grid takes no mouse input in its cells, as disabled windows get none.
 void Control::CellsMouse(MouseAction action, int16_t button, int16_t shift, Point at) {
+  if (!props.Bool(model::Prop::Enabled)) return;
   switch (action) {
     case MouseAction::Down:
       mouse.Down(button, shift, at);

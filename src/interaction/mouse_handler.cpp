@@ -135,8 +135,9 @@ void MouseHandler::Up(int16_t button, int16_t shift, Point at) {
   pressed_ = clickOnUp_ = deferred_ = false;
   StopDrag();
   if (QuiltaEvents* ev = Events()) ev->MouseUp(button, shift, at.x, at.y);
-  if (deferred) {
-    // The press on a selected cell was not a drag after all: it selects as a click does.
+  if (deferred && button == kLeft) {
+    // The left press on a selected cell was not a drag after all: it selects as a click does.
+    // A right press keeps the selection for the host's context menu.
     const MouseSite::Hit hit = pressHit_;
     if (hit.row >= 1 && hit.row <= store_.RowCount() && hit.col <= store_.Cols().RowTextCol()) {
       selection_.SelectByClick(hit.row, hit.col, pressShift_, false);

@@ -4,12 +4,12 @@
 // under the pointer and makes it current, toggles a tree node, opens a combo list or flips a check
 // box. In multiselection mode a press on a cell that is already selected leaves the selection as
 // it is, so that the selected cells can be dragged; releasing on the same cell without having
-// dragged then selects it as an ordinary click would. With DragSelect a drag with the left button
-// extends the selection from the pressed cell to the cell under the pointer and moves the current
-// cell along; past an edge of the cells area a timer keeps scrolling one line at a time.
-// MouseUp and then Click follow the release of a press made in the cells area; a double click
-// raises DblClick and then edits the current cell (a double click on a check box, tree button or
-// combo button acts as another press on it instead).
+// dragged with the left button then selects it as an ordinary click would. With DragSelect a drag
+// with the left button extends the selection from the pressed cell to the cell under the pointer
+// and moves the current cell along; past an edge of the cells area a timer keeps scrolling one line
+// at a time. MouseUp and then Click follow the release of a press made in the cells area; a double
+// click raises DblClick and then edits the current cell (a double click on a check box, tree button
+// or combo button acts as another press on it instead).
 #pragma once
 
 #include <cstdint>

@@ -85,6 +85,10 @@ TEST_F(Mouse, TheHostOrANonSelectableCellStopsThePress) {
   EXPECT_EQ(Cur(), Cell(0, 0));
   EXPECT_EQ(rec.Take(), (Log{"MouseDown 1 0", "MouseUp 1", "Click"}));
   rec.mouseDownDefault = true;
+  g.SetEnabled(false);  // a disabled grid hears nothing
+  Click(Center(2, 2));
+  EXPECT_TRUE(rec.log.empty());
+  g.SetEnabled(true);
   g.SetCellSelectable(3, 2, false);
   Click(Center(3, 2));
   EXPECT_EQ(Cur(), Cell(0, 0));
@@ -122,6 +126,9 @@ TEST_F(Mouse, APressOnASelectedCellKeepsTheSelectionUntilReleasedWithoutDragging
   EXPECT_EQ(Cur(), Cell(1, 2));
   g.HostMouseUp(kLeft, 0, Center(1, 2).x, Center(1, 2).y);
   EXPECT_EQ(Items(g), "(1,2)");  // a plain click after all
+  Click(Center(2, 1), kShift);
+  Click(Center(1, 1), 0, kRight);  // kept for a context menu
+  EXPECT_EQ(g.SelItems().Count(), 4);
   Click(Center(2, 1), kShift);
   Press(Center(1, 1));
   g.HostMouseMove(kLeft, 0, Center(4, 3).x, Center(4, 3).y);  // moved off: a drag, no click
