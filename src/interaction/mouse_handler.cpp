@@ -134,6 +134,8 @@ void MouseHandler::Up(int16_t button, int16_t shift, Point at) {
   const bool deferred = deferred_;
   pressed_ = clickOnUp_ = deferred_ = false;
   StopDrag();
+  // A release after a press the header strip took belongs to the header's own events.
+  if (!wasPressed) return;
   if (QuiltaEvents* ev = Events()) ev->MouseUp(button, shift, at.x, at.y);
   if (deferred && button == kLeft) {
     // The left press on a selected cell was not a drag after all: it selects as a click does.
@@ -145,7 +147,7 @@ void MouseHandler::Up(int16_t button, int16_t shift, Point at) {
       FinishMove();
     }
   }
-  if (wasPressed && click)
+  if (click)
     if (QuiltaEvents* ev = Events()) ev->Click();
 }
 
