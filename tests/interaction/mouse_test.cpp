@@ -248,9 +248,12 @@ TEST_F(Mouse, AComboButtonOpensTheList) {
 }
 
 TEST_F(Mouse, ADoubleClickEditsTheCellAfterDblClick) {
-  g.SetEditable(true);
   const Point p = Center(3, 2);
   Click(p);
+  g.SetEditable(false);
+  g.HostDblClick(kLeft, 0, p.x, p.y);
+  EXPECT_FALSE(g.IsEditing());
+  g.SetEditable(true);
   rec.Take();
   g.HostDblClick(kLeft, 0, p.x, p.y);
   g.HostMouseUp(kLeft, 0, p.x, p.y);
