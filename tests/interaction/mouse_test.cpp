@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <quilta/platform/headless.hpp>
+#include <stdexcept>
 
 #include "interaction/mouse_handler.hpp"
 #include "interaction_support.hpp"
@@ -101,6 +102,21 @@ TEST_F(Mouse, TheHostOrANonSelectableCellStopsThePress) {
   EXPECT_EQ(Cur(), Cell(0, 0));
   EXPECT_EQ(rec.Take(),
             (Log{"MouseDown 1 0", "MouseUp 1", "Click", "MouseDown 1 0", "MouseUp 1", "Click"}));
+}
+
+TEST_F(Mouse, AThrowingHandlerLeavesThePressUndoneAndTheNextOneWorks) {
+  struct Throwing : MouseLog {
+    void MouseDown(int16_t, int16_t, int32_t, int32_t, bool&) override {
+      throw std::runtime_error("host");
+    }
+  } thrower;
+  g.SetEventSink(&thrower);
+  const Point p = Center(2, 2);
+  EXPECT_THROW(g.HostMouseDown(kLeft, 0, p.x, p.y), std::runtime_error);
+  EXPECT_EQ(Cur(), Cell(0, 0));
+  g.SetEventSink(&rec);
+  Click(p);
+  EXPECT_EQ(Cur(), Cell(2, 2));
 }
 
 TEST_F(Mouse, ModifiersExtendAndToggleInMultiselection) {
