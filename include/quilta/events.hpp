@@ -45,6 +45,18 @@ class QuiltaEvents {
   virtual void KeyDown(int16_t& /*KeyCode*/, int16_t& /*Shift*/, bool& /*bDoDefault*/) {}
   virtual void KeyPress(int16_t& /*KeyAscii*/) {}
 
+  // The mouse in the cells area (the header strip raises its own ColHeader* events). Button: 1
+  // left, 2 right, 4 middle; Shift: the modifier mask; x, y in client pixels. Clearing
+  // bDoDefault in MouseDown leaves the press to the host: no selection, current cell, tree,
+  // combo or check box change. Click follows MouseUp of a press made in the cells area; DblClick
+  // then starts editing the current cell.
+  virtual void MouseDown(int16_t /*Button*/, int16_t /*Shift*/, int32_t /*x*/, int32_t /*y*/,
+                         bool& /*bDoDefault*/) {}
+  virtual void MouseMove(int16_t /*Button*/, int16_t /*Shift*/, int32_t /*x*/, int32_t /*y*/) {}
+  virtual void MouseUp(int16_t /*Button*/, int16_t /*Shift*/, int32_t /*x*/, int32_t /*y*/) {}
+  virtual void Click() {}
+  virtual void DblClick() {}
+
   // Virtual mode.
   virtual void RequestRow(int32_t /*lRow*/, bool& /*bNoMoreRows*/) {}
   virtual void RequestRowData(int32_t /*lRow*/) {}

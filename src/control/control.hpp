@@ -10,6 +10,7 @@
 #include "header/header_strip.hpp"
 #include "interaction/key_search.hpp"
 #include "interaction/keyboard_commands.hpp"
+#include "interaction/mouse_handler.hpp"
 #include "interaction/selection.hpp"
 #include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
@@ -323,6 +324,19 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     Control& c;
   };
 
+  // ---- Mouse in the cells area: hit testing, the cells area and the platform's timer.
+  struct MouseSiteImpl final : interaction::MouseSite {
+    explicit MouseSiteImpl(Control& control) : c(control) {}
+    Hit HitAt(Point at) override;
+    Rect CellsArea() override;
+    void ClearSearchString() override;
+    bool StartTimer(int32_t id, int32_t intervalMs, TimerSink& sink) override {
+      return c.platform->StartTimer(id, intervalMs, sink);
+    }
+    void StopTimer(int32_t id) override { c.platform->StopTimer(id); }
+    Control& c;
+  };
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -369,6 +383,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
       selectionSite, keySearchCol, [this](int32_t r, int32_t c) { return CellText(r, c); }};
   interaction::KeyboardCommands keyboard{store,    props,       selection,    keySearch,
                                          viewSite, commandSite, selectionSite};
+  MouseSiteImpl mouseSite{*this};
+  interaction::MouseHandler mouse{store,    props,       selection, selectionSite,
+                                  viewSite, commandSite, mouseSite};
   // (subsystem state end)
 };
 
