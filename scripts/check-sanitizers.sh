@@ -3,10 +3,11 @@
 # build-asan/) and runs the whole test suite there. Any sanitizer report fails the run.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-if ! dpkg -s cmake g++ libgtest-dev >/dev/null 2>&1; then
+if ! dpkg -s cmake g++ libgtest-dev libsqlite3-dev libpq-dev postgresql >/dev/null 2>&1; then
   apt-get update -qq
-  DEBIAN_FRONTEND=noninteractive apt-get install -y -qq cmake g++ libgtest-dev
+  DEBIAN_FRONTEND=noninteractive apt-get install -y -qq cmake g++ libgtest-dev libsqlite3-dev libpq-dev postgresql
 fi
+source scripts/pg-test-server.sh
 cmake -S . -B build-asan -DCMAKE_BUILD_TYPE=Debug -DQUILTA_SANITIZE=ON \
   -DQUILTA_BUILD_BENCH=OFF -DQUILTA_BUILD_EXAMPLES=OFF >/dev/null
 cmake --build build-asan -j "$(nproc)"
