@@ -288,6 +288,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     Platform& GetPlatform() const override { return *c.platform; }
     QuiltaEvents* Events() const override { return c.events; }
     std::vector<header::GroupLevel> GroupedBy() const override;
+    int32_t LevelCount() const override {
+      return static_cast<int32_t>(c.grouping.GroupedBy().size());
+    }
     bool GroupingAllowed() const override;
     std::string PromptText() const override;
     void Regroup(const std::vector<header::GroupLevel>& levels) override;

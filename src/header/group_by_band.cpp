@@ -35,7 +35,7 @@ int32_t GroupByBand::BoxHeight() const {
 }
 
 int32_t GroupByBand::Height() const {
-  const auto levels = static_cast<int32_t>(site_.GroupedBy().size());
+  const int32_t levels = site_.LevelCount();
   // Each level sits half a box lower than the one before it.
   return 2 * Px(kMargin) + BoxHeight() + std::max(0, levels - 1) * (BoxHeight() / 2);
 }

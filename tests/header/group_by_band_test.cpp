@@ -241,11 +241,19 @@ TEST_F(GroupByBand, AThrowingBeforeHandlerLeavesTheGridAsItWas) {
   EXPECT_EQ(Levels(), (Strings{"region", "kind"}));
 }
 
-TEST_F(GroupByBand, HeaderDragsStillMoveColumnsBelowTheBand) {
+TEST_F(GroupByBand, HeaderDragsStillMoveColumnsAndReachTheBandWithColumnMovingOff) {
   Gesture({50, HeaderY()}, {240, HeaderY()});
   EXPECT_EQ(grid.ColFromPos(1), 2);
   EXPECT_EQ(grid.ColFromPos(3), 1);
   EXPECT_EQ(Levels(), Strings{});
+
+  // With column moving off a header still goes to the band, but nowhere else.
+  grid.Header().SetAllowColMoving(false);
+  Gesture({150, HeaderY()}, {20, HeaderY()});
+  EXPECT_EQ(grid.ColFromPos(1), 2);
+  DropHeader(250, {20, 15});
+  EXPECT_EQ(Levels(), Strings{"region"});
+  EXPECT_EQ(grid.ColFromPos(1), 2);
 }
 
 // Writes pictures of the band to look at: QUILTA_HEADER_PICTURES=<folder>.
