@@ -292,6 +292,7 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
       return static_cast<int32_t>(c.grouping.GroupedBy().size());
     }
     bool GroupingAllowed() const override;
+    int32_t LineHeight() const override;
     std::string PromptText() const override;
     void Regroup(const std::vector<header::GroupLevel>& levels) override;
     void InvalidateBand(const Rect& r) override { c.headerSite.InvalidateHeader(r); }

@@ -42,6 +42,11 @@ bool Control::GroupBySite::GroupingAllowed() const {
   return c.props.Bool(model::Prop::AllowGrouping);
 }
 
+int32_t Control::GroupBySite::LineHeight() const {
+  const std::shared_ptr<Font>& own = c.headerStrip.Options().font;
+  return c.platform->MeasureText("Ag", own ? *own : c.props.FontValue(), quTextSingleLine, 0).cy;
+}
+
 std::string Control::GroupBySite::PromptText() const {
   return c.props.String(model::Prop::GroupByBoxText);
 }

@@ -29,15 +29,13 @@ int32_t GroupByBand::Px(int32_t length) const {
 
 bool GroupByBand::Shown() const { return !site_.GetView().GroupByArea().IsEmpty(); }
 
-int32_t GroupByBand::BoxHeight() const {
-  const HeaderLook look = site_.Look();
-  return site_.GetPlatform().MeasureText("Ag", *look.font, quTextSingleLine, 0).cy + 2 * Px(kPadY);
-}
+int32_t GroupByBand::BoxHeight() const { return site_.LineHeight() + 2 * Px(kPadY); }
 
 int32_t GroupByBand::Height() const {
   const int32_t levels = site_.LevelCount();
+  const int32_t box = BoxHeight();
   // Each level sits half a box lower than the one before it.
-  return 2 * Px(kMargin) + BoxHeight() + std::max(0, levels - 1) * (BoxHeight() / 2);
+  return 2 * Px(kMargin) + box + std::max(0, levels - 1) * (box / 2);
 }
 
 std::vector<GroupByBand::Box> GroupByBand::Boxes() const {

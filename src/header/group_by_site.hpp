@@ -34,6 +34,9 @@ class GroupBySite {
   // The levels the grid is grouped by now, outermost first.
   virtual std::vector<GroupLevel> GroupedBy() const = 0;
   virtual int32_t LevelCount() const = 0;
+  // The height of one line of the header's font (the band sizes itself on every layout pass, so
+  // this is asked often).
+  virtual int32_t LineHeight() const = 0;
   // AllowGrouping: while it is off the band accepts no drop and changes nothing.
   virtual bool GroupingAllowed() const = 0;
   // The prompt shown while nothing is grouped.
