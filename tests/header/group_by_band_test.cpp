@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <functional>
 #include <quilta/quilta.hpp>
 #include <stdexcept>
 #include <string>
@@ -19,10 +20,12 @@ struct BandEvents : QuiltaEvents {
   std::vector<std::string> log;
   bool cancel = false;
   bool throwBefore = false;
+  std::function<void()> duringBefore;
   static std::string N(int32_t v) { return std::to_string(v); }
   void BeforeGroupByChange(int32_t lCol, int32_t lNewLevel, bool& bCancel) override {
     log.push_back("before " + N(lCol) + " to " + N(lNewLevel));
     if (throwBefore) throw std::runtime_error("host refuses");
+    if (duringBefore) duringBefore();
     bCancel = cancel;
   }
   void AfterGroupByChange(int32_t lCol, int32_t lNewLevel, int32_t lOldLevel) override {
@@ -223,6 +226,13 @@ TEST_F(GroupByBand, TheHostCanCancelAndAllowGroupingOffRefusesEveryChange) {
   EXPECT_EQ(Levels(), Strings{"region"});
   EXPECT_EQ(events.log, Strings{});  // no group change and no column move either
   EXPECT_EQ(grid.ColFromPos(2), 2);
+
+  // A host that regroups from the Before event keeps its own grouping.
+  grid.SetAllowGrouping(true);
+  events.duringBefore = [&] { grid.Group("qty"); };
+  DropHeader(140, {150, 15});
+  EXPECT_EQ(Levels(), Strings{"qty"});
+  EXPECT_EQ(events.log, Strings{"before 2 to 2"});
 }
 
 TEST_F(GroupByBand, AThrowingBeforeHandlerLeavesTheGridAsItWas) {
