@@ -93,4 +93,30 @@ void BM_EnsureVisibleRowInView(benchmark::State& state) {
 }
 BENCHMARK(BM_EnsureVisibleRowInView)->Arg(1'000)->Arg(10'000'000);
 
+// The same points with the group-by band shown above the header, the grid grouped by two of
+// its columns (100 x 10 groups): the layout pass that each call runs also sizes the band.
+void BM_CellFromPointGroupByBand(benchmark::State& state) {
+  static Setup* setup = [] {
+    auto* s = new Setup(1'000'000);
+    for (int32_t r = 1; r <= s->grid.RowCount(); ++r) {
+      s->grid.SetCellValue(r, 1, r % 100);
+      s->grid.SetCellValue(r, 2, r % 10);
+    }
+    s->grid.SetGroupByBoxVisible(true);
+    s->grid.Group(1);
+    s->grid.GroupObject().AddItem(2);
+    s->grid.Group();
+    return s;
+  }();
+  const auto points = Points();
+  size_t i = 0;
+  int32_t row = 0, col = 0;
+  for (auto _ : state) {
+    const auto [x, y] = points[i++ & 1023];
+    setup->grid.CellFromPoint(x, y, row, col);
+    benchmark::DoNotOptimize(row);
+  }
+}
+BENCHMARK(BM_CellFromPointGroupByBand);
+
 }  // namespace

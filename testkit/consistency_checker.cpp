@@ -181,6 +181,15 @@ void CheckEditing(const Control& c, Problems& p) {
              ") outside the grid");
 }
 
+// A press or drag on the group-by band belongs to a shown band and to a column of the grid.
+void CheckGroupByBand(const Control& c, Problems& p) {
+  if (!c.groupByBand.Dragging()) return;
+  if (!c.props.Bool(model::Prop::GroupByBoxVisible)) p.Report("a drag on a hidden band");
+  const int32_t col = c.groupByBand.PressedCol();
+  if (col < 1 || col > c.store.ColCount())
+    p.Report("a drag of column " + to_string(col) + ", not a column of the grid");
+}
+
 }  // namespace
 
 void Problems::Report(const std::string& what) {
@@ -199,6 +208,7 @@ const ConsistencyChecker& ConsistencyChecker::ForGrid() {
     k.Add("current cell", CheckCurrentCell);
     k.Add("selection", CheckSelection);
     k.Add("editing", CheckEditing);
+    k.Add("group-by band", CheckGroupByBand);
     return k;
   }();
   return checker;

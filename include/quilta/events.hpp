@@ -155,6 +155,15 @@ class QuiltaEvents {
   virtual void BeforeColMove(int32_t /*lCol*/, int32_t /*lNewColPos*/, bool& /*bCancel*/) {}
   virtual void AfterColMove(int32_t /*lCol*/, int32_t /*lNewColPos*/, int32_t /*lOldColPos*/) {}
 
+  // The group-by band (GroupByBoxVisible): a header item dropped on it, or one of its boxes
+  // dragged within it, out of it or clicked, changes the grouping of column lCol. Levels are
+  // 1-based positions among the grouped columns, outermost first; 0 means "not grouped": a
+  // header dropped on the band has lOldLevel 0, a box dragged out has lNewLevel 0, and a click on
+  // a box, which reverses that level's order, has lNewLevel equal to lOldLevel. bCancel leaves
+  // the grouping as it is; AfterGroupByChange follows the regrouping.
+  virtual void BeforeGroupByChange(int32_t /*lCol*/, int32_t /*lNewLevel*/, bool& /*bCancel*/) {}
+  virtual void AfterGroupByChange(int32_t /*lCol*/, int32_t /*lNewLevel*/, int32_t /*lOldLevel*/) {}
+
   // Row hierarchy.
   virtual void BeforeRowCollapseExpand(int32_t /*lRowIfAny*/, bool /*bNowExpanded*/,
                                        bool& /*bDoDefault*/) {}

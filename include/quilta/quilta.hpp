@@ -212,6 +212,13 @@ class Quilta {
   void SetGridLineThicknessH(int32_t l);
   int32_t GridLineThicknessV() const;
   void SetGridLineThicknessV(int32_t l);
+  // The group-by band above the column header (drop headers on it to group, drag its boxes to
+  // reorder or remove levels, click one to reverse its order) and its prompt while nothing is
+  // grouped.
+  std::string GroupByBoxText() const;
+  void SetGroupByBoxText(std::string_view s);
+  bool GroupByBoxVisible() const;
+  void SetGroupByBoxVisible(bool b);
   bool HideSelection() const;
   void SetHideSelection(bool b);
   Color HighlightBackColor() const;
@@ -399,6 +406,9 @@ class Quilta {
   // the part of a row below its normal cell height, from the row text's start column on,
   // answers RowTextCol too, while cells to the left of the row text reach down to the row's
   // bottom. Points on the header, outside the columns or below the last row answer no cell.
+  // With GroupByBoxVisible the group-by band lies above the header and the header and cells
+  // start below it; ECellParts names parts of cells only, so HitTest answers quCellPartNone on
+  // the band as on the header.
   // Each of these members first brings the layout up to date (view rectangles from the client
   // size, scroll ranges, row positions left pending by BeginUpdate), so it never sees stale
   // positions; frozen columns never scroll horizontally.

@@ -61,12 +61,14 @@ void Control::SetRecalcRowParms(bool on) {
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
   headerStrip.Reset();  // the strip tracks columns by index, and indexes moved
+  groupByBand.Reset();
   grouping.ColumnsInserted(index, count);
   selection.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
   headerStrip.Reset();
+  groupByBand.Reset();
   grouping.ColumnsRemoving(index, count);
   selection.ColumnsRemoved(index, count);
 }
@@ -98,6 +100,7 @@ void Control::RowsCleared(bool columnsToo) {
   if (columnsToo) {
     ScrollTo(quScrollBarH, 0);
     headerStrip.Reset();
+    groupByBand.Reset();
   }
   grouping.RowsCleared();
   selection.RowsCleared();

@@ -7,6 +7,7 @@
 
 #include "edit/editor.hpp"
 #include "exchange/exchange_site.hpp"
+#include "header/group_by_band.hpp"
 #include "header/header_strip.hpp"
 #include "interaction/key_search.hpp"
 #include "interaction/keyboard_commands.hpp"
@@ -278,6 +279,31 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // repaints everything).
   void InvalidateHeader();
 
+  // ---- Group-by band: what it asks of the control.
+  struct GroupBySite final : header::GroupBySite {
+    explicit GroupBySite(Control& control) : c(control) {}
+    const model::ColumnStore& Columns() const override { return c.store.Cols(); }
+    const layout::View& GetView() const override { return c.view; }
+    header::HeaderLook Look() const override { return c.headerSite.Look(); }
+    Platform& GetPlatform() const override { return *c.platform; }
+    QuiltaEvents* Events() const override { return c.events; }
+    std::vector<header::GroupLevel> GroupedBy() const override;
+    int32_t LevelCount() const override {
+      return static_cast<int32_t>(c.grouping.GroupedBy().size());
+    }
+    bool GroupingAllowed() const override;
+    int32_t LineHeight() const override;
+    std::string PromptText() const override;
+    void Regroup(const std::vector<header::GroupLevel>& levels) override;
+    void InvalidateBand(const Rect& r) override { c.headerSite.InvalidateHeader(r); }
+    Control& c;
+  };
+  // The band's height when GroupByBoxVisible is on, else 0.
+  int32_t GroupByHeightPixels() const;
+  void PaintGroupBy(Painter& painter, const Rect& clip) { groupByBand.Paint(painter, clip); }
+  // The band takes presses in it and any drag it started; returns whether it took the message.
+  bool GroupByMouse(MouseAction action, int16_t button, int16_t shift, Point at);
+
   // ---- Interaction: the sites the selection, the keyboard and key search reach out through.
   struct SelectionSite final : interaction::SelectionSite {
     explicit SelectionSite(Control& control) : c(control) {}
@@ -368,7 +394,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   GroupingSite groupingSite{*this};
   ops::Grouper grouping{store, props, *resources, groupObject, sortObject, groupingSite};
   HeaderSite headerSite{*this};
-  header::HeaderStrip headerStrip{headerSite};
+  GroupBySite groupBySite{*this};
+  header::GroupByBand groupByBand{groupBySite};
+  header::HeaderStrip headerStrip{headerSite, groupByBand};
   HeaderObject headerObject{*this};
   // Grid painting's answers about tree lines, kept while the rows stay as they are.
   render::TreeLineScans treeLineScans;

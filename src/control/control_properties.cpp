@@ -48,6 +48,14 @@ void Control::ApplyProperty(Prop p, const Variant& value) {
     case Prop::TreeCol:
       if (changed) RelayoutAll();
       break;
+    case Prop::GroupByBoxVisible:
+      if (changed) {
+        // The band comes or goes: the header and the cells move, and no drag of it survives.
+        groupByBand.Reset();
+        view.Invalidate();
+        RequestRedraw();
+      }
+      break;
     case Prop::PrefixGroupValues:
       if (changed) grouping.RefreshTexts();
       break;

@@ -7,6 +7,8 @@ namespace quilta {
 
 void Quilta::Paint(Painter& painter, const Rect& clip) {
   c_->EnsureLayout();
+  const Rect band = clip.Intersection(c_->view.GroupByArea());
+  if (!band.IsEmpty()) c_->PaintGroupBy(painter, band);
   const Rect header = clip.Intersection(c_->view.HeaderArea());
   if (!header.IsEmpty()) c_->PaintHeader(painter, header);
   const Rect cells = clip.Intersection({0, c_->view.CellsArea().top, clip.right, clip.bottom});
@@ -18,6 +20,7 @@ namespace {
 void Route(control::Control& c, control::MouseAction action, int16_t button, int16_t shift,
            Point at) {
   c.EnsureLayout();
+  if (c.GroupByMouse(action, button, shift, at)) return;
   if (!c.HeaderMouse(action, button, shift, at)) c.CellsMouse(action, button, shift, at);
 }
 

@@ -222,6 +222,13 @@ void Quilta::SetOpaqueTextInHatchedCells(bool b) {
   c_->SetProperty(P::OpaqueTextInHatchedCells, b);
 }
 
+std::string Quilta::GroupByBoxText() const { return c_->props.String(P::GroupByBoxText); }
+void Quilta::SetGroupByBoxText(std::string_view s) {
+  c_->SetProperty(P::GroupByBoxText, Variant(s));
+}
+bool Quilta::GroupByBoxVisible() const { return c_->props.Bool(P::GroupByBoxVisible); }
+void Quilta::SetGroupByBoxVisible(bool b) { c_->SetProperty(P::GroupByBoxVisible, b); }
+
 bool Quilta::PrefixGroupValues() const { return c_->props.Bool(P::PrefixGroupValues); }
 void Quilta::SetPrefixGroupValues(bool b) { c_->SetProperty(P::PrefixGroupValues, b); }
 

@@ -16,6 +16,7 @@ int32_t Control::HeaderHeightPixels() const {
 
 void Control::EnsureLayout() {
   view.SetHeaderHeight(HeaderHeightPixels());
+  view.SetGroupByHeight(GroupByHeightPixels());
   view.Layout(platform->ClientSize(), platform->ScrollBarSize(), geometry.Columns(),
               layout::ContentHeight(store.Rows()));
   geometry.TakeLayoutMark();

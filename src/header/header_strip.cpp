@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "header/group_by_band.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/scale.hpp"
 
@@ -209,7 +210,9 @@ int32_t HeaderStrip::DropX(int32_t dropSlot) const {
 }
 
 void HeaderStrip::PaintDropMark(Painter& painter, const HeaderLook& look) {
-  if (drag_ != Drag::Move || dropSlot_ == 0 || dropSlot_ == SlotOfIndex(dragIndex_)) return;
+  if (drag_ != Drag::Move || !options_.allowColMoving || dropSlot_ == 0 ||
+      dropSlot_ == SlotOfIndex(dragIndex_))
+    return;
   const Rect& strip = site_.GetView().HeaderArea();
   const int32_t width = Px(kDropMark);
   const int32_t x = DropX(dropSlot_) - width / 2;
@@ -398,8 +401,11 @@ bool HeaderStrip::Move(Point at) {
       SizeTo(at);
       return true;
     case Drag::Move: {
-      AutoScroll(at);
-      const int32_t drop = DropSlot(at);
+      band_.HeaderDragOver(dragIndex_, at);
+      // Over the group-by band the item would group, not move: no drop mark in the strip.
+      const bool overBand = site_.GetView().GroupByArea().Contains(at);
+      if (!overBand) AutoScroll(at);
+      const int32_t drop = overBand ? SlotOfIndex(dragIndex_) : DropSlot(at);
       if (drop != dropSlot_) {
         dropSlot_ = drop;
         InvalidateStrip();
@@ -412,8 +418,11 @@ bool HeaderStrip::Move(Point at) {
         drag_ = Drag::None;
         return true;
       }
-      const bool far = std::abs(at.x - dragStart_.x) >= Px(kDragStart);
-      if (far && options_.allowColMoving && !moveRefused_) {
+      // With the group-by band shown an item may also be dragged up to it.
+      const bool band = band_.AcceptsDrops();
+      const bool far = std::abs(at.x - dragStart_.x) >= Px(kDragStart) ||
+                       (band && std::abs(at.y - dragStart_.y) >= Px(kDragStart));
+      if (far && CanDrag() && !moveRefused_) {
         bool cancel = false;
         if (QuiltaEvents* events = site_.Events()) events->ColHeaderStartDrag(dragIndex_, cancel);
         if (!cancel && SlotOfIndex(dragIndex_) != 0) {
@@ -443,7 +452,9 @@ bool HeaderStrip::Move(Point at) {
   return false;
 }
 
-void HeaderStrip::EndMove() {
+bool HeaderStrip::CanDrag() const { return options_.allowColMoving || band_.AcceptsDrops(); }
+
+void HeaderStrip::EndMove(Point at) {
   const int32_t from = SlotOfIndex(dragIndex_);
   const int32_t to = dropSlot_;
   const int32_t colIndex = dragIndex_;
@@ -451,7 +462,8 @@ void HeaderStrip::EndMove() {
   dropSlot_ = 0;
   site_.GetPlatform().SetCursor(CursorShape::Arrow);
   InvalidateStrip();
-  if (from == 0 || to == 0 || to == from) return;
+  if (from != 0 && band_.HeaderDrop(colIndex, at)) return;
+  if (!options_.allowColMoving || from == 0 || to == 0 || to == from) return;
   bool cancel = false;
   QuiltaEvents* events = site_.Events();
   if (events) events->BeforeColMove(colIndex, to, cancel);
@@ -482,7 +494,7 @@ bool HeaderStrip::EndGesture(Point at) {
       return true;
     }
     case Drag::Move:
-      EndMove();
+      EndMove(at);
       return true;
     case Drag::Press: {
       drag_ = Drag::None;

@@ -2,7 +2,8 @@
 // icon and sort mark, over the columns' pixel positions (frozen items stand still, the others
 // scroll with the cells). It paints the strip, says how wide an item must be to show all of it,
 // and turns mouse messages into clicks (sorting), divider drags (column widths), divider
-// double-clicks (auto-size) and header drags (column order).
+// double-clicks (auto-size) and header drags (column order, or grouping when an item is dropped
+// on the group-by band).
 #pragma once
 
 #include <cstdint>
@@ -28,6 +29,8 @@ struct HeaderOptions {
 
 enum class HeaderMouse { Down, Move, Up, DblClick, Leave };
 
+class GroupByBand;
+
 // Where the parts of one header item go inside its rectangle. Painting and the width an item
 // needs both come from this one placement.
 struct ItemParts {
@@ -39,7 +42,7 @@ struct ItemParts {
 
 class HeaderStrip {
  public:
-  explicit HeaderStrip(HeaderSite& site) : site_(site) {}
+  HeaderStrip(HeaderSite& site, GroupByBand& band) : site_(site), band_(band) {}
 
   HeaderOptions& Options() { return options_; }
   const HeaderOptions& Options() const { return options_; }
@@ -86,13 +89,16 @@ class HeaderStrip {
   void AutoScroll(Point at);
   int32_t DropSlot(Point at) const;
   int32_t DropX(int32_t dropSlot) const;
-  void EndMove();
+  void EndMove(Point at);
+  // Whether a drag may start: to move columns, or to drop an item on the group-by band.
+  bool CanDrag() const;
   void InvalidateSlot(int32_t slot);
   void InvalidateStrip();
   int32_t SlotOfIndex(int32_t colIndex) const;
   int32_t Px(int32_t length) const;
 
   HeaderSite& site_;
+  GroupByBand& band_;
   HeaderOptions options_;
   int32_t hotIndex_ = 0;  // column index under the mouse, 0 none
   Drag drag_ = Drag::None;

@@ -30,7 +30,8 @@ void View::Layout(Size client, Size scrollBars, const ColumnTotals& cols, int32_
   }
   const int32_t width = std::max(0, client.cx - (needV ? scrollBars.cx : 0));
   const int32_t height = std::max(0, client.cy - (needH ? scrollBars.cy : 0));
-  header_ = {0, 0, width, std::min(hdr, height)};
+  groupBy_ = {0, 0, width, std::min(groupByHeight_, height)};
+  header_ = {0, groupBy_.bottom, width, std::min(hdr, height)};
   cells_ = {0, header_.bottom, width, height};
   frozenWidth_ = std::min(cols.frozenWidth, width);
   SetRange(h_, cols.scrollableWidth, width - frozenWidth_, needH);

@@ -1,7 +1,7 @@
 // The view: which part of the grid's pixel plane the control shows, and where. It keeps the
-// scroll positions, the header strip's height, the view rectangles that the layout pass derives
-// from the client size, and maps between grid coordinates (the positions of the geometry
-// passes) and client pixels.
+// scroll positions, the heights of the group-by band and the header strip above the cells, the view
+// rectangles that the layout pass derives from the client size, and maps between grid coordinates
+// (the positions of the geometry passes) and client pixels.
 //
 // Frozen columns never scroll horizontally: they stand at their start X from the left edge,
 // and the scrollable columns start after them, shifted left by the horizontal scroll position.
@@ -31,8 +31,12 @@ class View {
   void SetHeaderVisible(bool visible) { headerVisible_ = visible; }
   int32_t HeaderHeight() const { return headerHeight_; }
   void SetHeaderHeight(int32_t height) { headerHeight_ = height; }
-  // hdr: the header's height when it is shown, else 0.
-  int32_t HeaderOffset() const { return headerVisible_ ? headerHeight_ : 0; }
+  // The group-by band above the header (0: not shown).
+  int32_t GroupByHeight() const { return groupByHeight_; }
+  void SetGroupByHeight(int32_t height) { groupByHeight_ = height; }
+  // hdr: how far the cells start below the client top: the group-by band's height plus the
+  // header's when it is shown.
+  int32_t HeaderOffset() const { return groupByHeight_ + (headerVisible_ ? headerHeight_ : 0); }
 
   // ---- Layout pass: the view rectangles and scroll ranges from the client size, the column
   // totals and the height of all shown rows. Scroll bars show only where the content is larger
@@ -50,6 +54,7 @@ class View {
   // The cells area (below the header, without the scroll bars), in client pixels.
   const Rect& CellsArea() const { return cells_; }
   const Rect& HeaderArea() const { return header_; }
+  const Rect& GroupByArea() const { return groupBy_; }
   // The part of the cells area the scrollable columns are shown in.
   Rect ScrollableArea() const;
   int32_t FrozenWidth() const { return frozenWidth_; }
@@ -81,7 +86,9 @@ class View {
  private:
   bool headerVisible_ = true;
   int32_t headerHeight_ = 0;
+  int32_t groupByHeight_ = 0;
   bool laidOut_ = false;
+  Rect groupBy_;
   Rect header_;
   Rect cells_;
   int32_t frozenWidth_ = 0;

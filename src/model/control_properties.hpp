@@ -57,6 +57,8 @@ enum class Prop : uint8_t {
   GridLinesExtend,
   GridLineThicknessH,
   GridLineThicknessV,
+  GroupByBoxText,
+  GroupByBoxVisible,
   HideSelection,
   HighlightBackColor,
   HighlightBackColorNoFocus,

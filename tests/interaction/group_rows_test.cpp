@@ -1,5 +1,6 @@
 // Group rows keep their selection and the focus in their row-text cell; the row-text column
-// takes part in whole-row selection only while DrawRowText is on; row-mode ranges.
+// takes part in whole-row selection only while DrawRowText is on; row-mode ranges; + - * fold
+// and unfold the group rows grouping makes.
 #include <gtest/gtest.h>
 
 #include "interaction_support.hpp"
@@ -65,6 +66,54 @@ TEST_F(GroupRows, RowModeRangesGrowShrinkAndAddWithCtrl) {
   EXPECT_EQ(Items(g), "(1,1);(2,1)");
   g.DoKeyboardCommand(kUp, kCtrl | kShift);  // rows 3..4 added with the anchor's state
   EXPECT_EQ(Items(g), "(1,1);(2,1);(3,1);(4,1)");
+}
+
+// Group rows made by grouping: [1] North { [2] a { 3 } [4] b { 5 } } [6] South { [7] a { 8 } ... }
+struct GroupedKeys : ::testing::Test {
+  static constexpr int16_t kAdd = 107, kSubtract = 109, kMultiply = 106;
+  GroupedKeys() {
+    g.AddCol({.sKey = "region"});
+    g.AddCol({.sKey = "kind"});
+    const char* rows[][2] = {{"South", "b"}, {"North", "a"}, {"South", "a"}, {"North", "b"}};
+    for (const auto& r : rows) {
+      const int32_t row = g.AddRow();
+      g.SetCellValue(row, "region", r[0]);
+      g.SetCellValue(row, "kind", r[1]);
+    }
+    g.Group("region");
+    g.GroupObject().AddItem("kind");
+    g.Group();
+  }
+  Quilta g;
+};
+
+TEST_F(GroupedKeys, PlusMinusFoldAGroupRowAndStarUnfoldsEverythingBelowIt) {
+  ASSERT_EQ(g.RowCount(), 10);
+  g.SetCurCell(1, 1);
+  g.DoKeyboardCommand(kSubtract);
+  EXPECT_FALSE(g.RowExpanded(1));
+  g.DoKeyboardCommand(kDown);  // past the folded group
+  EXPECT_EQ(g.CurRow(), 6);
+  g.DoKeyboardCommand(kUp);
+  g.HostKeyDown(kAdd, 0);
+  EXPECT_TRUE(g.RowExpanded(1));
+  g.DoKeyboardCommand(kDown);
+  EXPECT_EQ(g.CurRow(), 2);
+
+  // * unfolds the group and every group inside it, and nothing outside it.
+  g.SetRowExpanded(4, false);
+  g.SetRowExpanded(2, false);
+  g.SetRowExpanded(7, false);
+  g.SetRowExpanded(1, false);
+  g.SetCurCell(1, 1);
+  g.HostKeyDown(kMultiply, 0);
+  EXPECT_TRUE(g.RowExpanded(1));
+  EXPECT_TRUE(g.RowExpanded(2));
+  EXPECT_TRUE(g.RowExpanded(4));
+  EXPECT_FALSE(g.RowExpanded(7));
+  g.DoKeyboardCommand(kDown);
+  g.DoKeyboardCommand(kDown);
+  EXPECT_EQ(g.CurRow(), 3);  // the data row under the unfolded inner group
 }
 
 }  // namespace

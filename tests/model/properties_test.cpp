@@ -135,8 +135,10 @@ TEST(Persistence, SaveWritesEveryKeyAndRestoreReadsItBack) {
   grid.SetSelectionAlphaBlend(128);
   RecordingBag bag;
   grid.WriteProperties(bag);
-  EXPECT_EQ(bag.written.size(), 81u);
+  EXPECT_EQ(bag.written.size(), 83u);
   EXPECT_TRUE(bag.written.count("ToolTipVisibleTime"));
+  EXPECT_TRUE(bag.written.count("GroupByBoxVisible"));
+  EXPECT_TRUE(bag.written.count("GroupByBoxText"));
   EXPECT_TRUE(bag.Contains("MultiSelect"));
   EXPECT_FALSE(bag.Contains("AllowSorting"));
 
