@@ -18,7 +18,11 @@ namespace {
 void Route(control::Control& c, control::MouseAction action, int16_t button, int16_t shift,
            Point at) {
   c.EnsureLayout();
-  if (!c.HeaderMouse(action, button, shift, at)) c.CellsMouse(action, button, shift, at);
+  if (c.HeaderMouse(action, button, shift, at)) {
+    c.toolTips.Hide();
+  } else {
+    c.CellsMouse(action, button, shift, at);
+  }
 }
 
 }  // namespace
