@@ -1,0 +1,56 @@
+// QtPainter: the grid's Painter over a QPainter. Frame controls (check boxes, combo buttons,
+// header items) take the themed look from the widget's QStyle and the flat look drawn plainly.
+#pragma once
+
+#include <QFont>
+#include <QPainter>
+#include <optional>
+#include <quilta/platform/painter.hpp>
+#include <vector>
+
+class QWidget;
+
+namespace quilta::qt {
+
+// The grid's text flags as Qt's; ampersands are always shown as they are, as the grid measures
+// them.
+int QtTextFlags(int32_t flags);
+
+class QtPainter final : public quilta::Painter {
+ public:
+  // clip: the part being painted (client pixels); style and palette come from `widget`.
+  QtPainter(QPainter& painter, const QWidget& widget, const Rect& clip);
+  ~QtPainter() override;
+
+  void FillRect(const Rect& r, Color rgb) override;
+  void FillRectAlpha(const Rect& r, Color rgb, uint8_t alpha) override;
+  void FrameRect(const Rect& r, Color rgb, int32_t thickness) override;
+  void Line(Point from, Point to, Color rgb, int32_t thickness) override;
+  void DottedLine(Point from, Point to, Color rgb) override;
+  void FillHatch(const Rect& r, EHatchStyles style, Color rgb) override;
+  void DrawText(const Rect& r, std::string_view text, const Font& font, Color rgb,
+                int32_t textFlags) override;
+  void DrawImage(const ImageList& list, int32_t index, Point at, Color blend,
+                 bool disabled) override;
+  void DrawCheckBox(const Rect& r, ECellCheckState state, ControlLook look, bool enabled) override;
+  void DrawTreeButton(const Rect& r, bool expanded, Color border, Color back, Color fore) override;
+  void DrawComboButton(const Rect& r, bool pressed, ControlLook look, bool enabled) override;
+  void DrawHeaderItem(const Rect& r, const HeaderItemState& state) override;
+  void DrawSortMark(const Rect& r, bool ascending, Color rgb) override;
+  void DrawFocusRect(const Rect& r, Color rgb1, Color rgb2) override;
+  void PushClip(const Rect& r) override;
+  void PopClip() override;
+
+ private:
+  void UseFont(const Font& font);
+  void DrawArrow(const QRect& box, bool up, const QColor& color);
+  void FlatCheckBox(const QRect& box, ECellCheckState state, bool enabled);
+
+  QPainter& p_;
+  const QWidget& widget_;
+  std::vector<QRect> clips_;
+  std::optional<Font> font_;  // the font the painter holds
+  QFont qfont_;
+};
+
+}  // namespace quilta::qt
