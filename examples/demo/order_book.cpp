@@ -55,6 +55,43 @@ std::string SqlText(const std::string& s) {
   return out + "'";
 }
 
+// Makes `rows` orders out of the loaded ones: copy k of order i gets a new number and is dated
+// k weeks later. Generated in memory, because a million rows are a benchmark of the grid, not
+// of the database.
+void Multiply(quilta::Quilta& grid, int32_t rows) {
+  const int32_t base = grid.RowCount();
+  const int32_t cols = grid.ColCount();
+  if (base == 0) return;
+  if (rows <= base) {
+    grid.SetRowCount(rows);
+    return;
+  }
+  std::vector<Variant> values(static_cast<size_t>(base) * cols);
+  for (int32_t r = 1; r <= base; ++r)
+    for (int32_t c = 1; c <= cols; ++c) values[(r - 1) * cols + (c - 1)] = grid.CellValue(r, c);
+  const int32_t cOrder = grid.ColIndex(col::kOrder);
+  const int32_t cDate = grid.ColIndex(col::kDate);
+  const int32_t cShippedOn = grid.ColIndex(col::kShippedOn);
+  const int32_t firstOrder = quilta::CLng(values[cOrder - 1]);
+  grid.AddRow({.lCount = rows - base});
+  for (int32_t r = base + 1; r <= rows; ++r) {
+    const int32_t i = r - 1;
+    const Variant* from = &values[static_cast<size_t>(i % base) * cols];
+    const double weeks = 7.0 * (i / base);
+    for (int32_t c = 1; c <= cols; ++c) {
+      const Variant& v = from[c - 1];
+      if (c == cOrder) {
+        grid.SetCellValue(r, c, firstOrder + i);
+      } else if ((c == cDate || c == cShippedOn) && v.Type() == quilta::vbDate) {
+        grid.SetCellValue(r, c, Variant::Date(v.DateValue() + weeks));
+      } else {
+        grid.SetCellValue(r, c, v);
+      }
+    }
+    grid.SetRowKey(r, std::to_string(firstOrder + i));
+  }
+}
+
 }  // namespace
 
 void EnsureOrderDatabase(const std::string& csvPath, const std::string& dbPath) {
@@ -84,29 +121,11 @@ void EnsureOrderDatabase(const std::string& csvPath, const std::string& dbPath) 
 }
 
 int32_t LoadOrders(quilta::Quilta& grid, quilta::data::SqliteDatabase& db, int32_t rows) {
-  std::string table = "orders";
-  if (rows > 0) {
-    // Copies of the shipped orders with new numbers, each copy a week later than the last.
-    std::ostringstream sql;
-    sql << "DROP TABLE IF EXISTS temp.many;"
-        << std::string(kSchema).replace(std::string(kSchema).find("TABLE orders"), 12,
-                                        "TEMP TABLE many")
-        << ";INSERT INTO temp.many WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n "
-        << "WHERE i < " << rows - 1
-        << "), o AS (SELECT *, row_number() OVER (ORDER BY OrderID) - 1 "
-        << "AS k, count(*) OVER () AS c FROM orders) "
-        << "SELECT 10248 + i, date(OrderDate, '+' || (7 * (i / c)) || ' days'), Customer, City, "
-        << "Country, Product, Quantity, UnitPrice, Discount, ShipVia, "
-        << "date(ShippedDate, '+' || (7 * (i / c)) || ' days') FROM n JOIN o ON k = i % c;";
-    db.Execute(sql.str());
-    table = "temp.many";
-  }
   grid.BeginUpdate();
-  grid.FillFromRS(
-      db.Query(std::string("SELECT ") + kColumns + " FROM " + table + " ORDER BY OrderID"),
-      quilta::quFillRSColsIfEmptyAndRows, col::kOrder);
+  grid.FillFromRS(db.Query(std::string("SELECT ") + kColumns + " FROM orders ORDER BY OrderID"),
+                  quilta::quFillRSColsIfEmptyAndRows, col::kOrder);
+  if (rows > 0) Multiply(grid, rows);
   grid.EndUpdate();
-  if (rows > 0) db.Execute("DROP TABLE temp.many");
   return grid.RowCount();
 }
 
@@ -198,22 +217,24 @@ void UpdateTotal(quilta::Quilta& g, int32_t row) {
 }
 
 void LoadOrderTree(quilta::Quilta& tree, const quilta::Quilta& orders) {
-  struct Line {
-    std::string customer;
-    quilta::Variant order, date, product, qty, total, via;
-  };
   const int32_t n = orders.RowCount();
   const int32_t cCustomer = orders.ColIndex(col::kCustomer);
-  std::vector<Line> lines;
-  lines.reserve(static_cast<size_t>(n));
+  const int32_t cTotal = orders.ColIndex(col::kTotal);
+  // Source columns of the tree's columns 1-6 (the order number, then its details).
+  const int32_t from[] = {orders.ColIndex(col::kOrder),
+                          orders.ColIndex(col::kDate),
+                          orders.ColIndex(col::kProduct),
+                          orders.ColIndex(col::kQuantity),
+                          cTotal,
+                          orders.ColIndex(col::kShipVia)};
+  std::vector<std::string> customers(static_cast<size_t>(n) + 1);
+  std::vector<int32_t> byCustomer(static_cast<size_t>(n));
   for (int32_t r = 1; r <= n; ++r) {
-    lines.push_back({quilta::CStr(orders.CellValue(r, cCustomer)), orders.CellValue(r, col::kOrder),
-                     orders.CellValue(r, col::kDate), orders.CellValue(r, col::kProduct),
-                     orders.CellValue(r, col::kQuantity), orders.CellValue(r, col::kTotal),
-                     orders.CellValue(r, col::kShipVia)});
+    customers[r] = quilta::CStr(orders.CellValue(r, cCustomer));
+    byCustomer[r - 1] = r;
   }
-  std::stable_sort(lines.begin(), lines.end(),
-                   [](const Line& a, const Line& b) { return a.customer < b.customer; });
+  std::stable_sort(byCustomer.begin(), byCustomer.end(),
+                   [&](int32_t a, int32_t b) { return customers[a] < customers[b]; });
 
   tree.BeginUpdate();
   tree.AddCol({.sKey = "node", .sHeader = "Customer / order", .lWidth = 260});
@@ -225,26 +246,22 @@ void LoadOrderTree(quilta::Quilta& tree, const quilta::Quilta& orders) {
       {.sKey = "total", .sHeader = "Total", .lWidth = 110, .eHeaderAlignH = quilta::quAlignHRight});
   tree.AddCol({.sKey = "via", .sHeader = "Ship via", .lWidth = 140});
   const auto bold = quilta::MakeFont(tree.Font()->name, tree.Font()->size, true);
-  for (size_t i = 0; i < lines.size();) {
+  for (size_t i = 0; i < byCustomer.size();) {
+    const std::string& name = customers[byCustomer[i]];
     size_t end = i;
     double sum = 0;
-    while (end < lines.size() && lines[end].customer == lines[i].customer)
-      sum += quilta::CDbl(lines[end++].total);
+    while (end < byCustomer.size() && customers[byCustomer[end]] == name)
+      sum += quilta::CDbl(orders.CellValue(byCustomer[end++], cTotal));
     const int32_t parent = tree.AddRow({.eTreeButton = quilta::quRowTreeButtonVisible});
-    tree.SetCellValue(parent, 1, lines[i].customer + "  (" + std::to_string(end - i) + ")");
+    tree.SetCellValue(parent, 1, name + "  (" + std::to_string(end - i) + ")");
     tree.SetCellValue(parent, 5, sum);
     tree.SetCellIcon(parent, 1, kIconCustomer);
+    for (int32_t c : {2, 3, 4, 6}) tree.SetCellValue(parent, c, quilta::Variant::Null());
     for (int32_t c = 1; c <= 6; ++c) tree.SetCellFont(parent, c, bold);
     const int32_t first = tree.AddRow({.btLevel = 1, .lCount = static_cast<int32_t>(end - i)});
-    for (int32_t r = first; i < end; ++i, ++r) {
-      const Line& l = lines[i];
-      tree.SetCellValue(r, 1, l.order);
-      tree.SetCellValue(r, 2, l.date);
-      tree.SetCellValue(r, 3, l.product);
-      tree.SetCellValue(r, 4, l.qty);
-      tree.SetCellValue(r, 5, l.total);
-      tree.SetCellValue(r, 6, l.via);
-    }
+    for (int32_t r = first; i < end; ++i, ++r)
+      for (int32_t c = 1; c <= 6; ++c)
+        tree.SetCellValue(r, c, orders.CellValue(byCustomer[i], from[c - 1]));
   }
   tree.SetColCellsProp(1, quilta::quPropCellImageList, 1);
   tree.SetColCellsProp(2, quilta::quPropCellFmtString, "dd mmm yyyy");
