@@ -170,7 +170,12 @@ void MainWindow::LoadData() {
   } else {
     DefaultSort();
   }
-  g.SetCurCell(1, g.ColIndex(col::kCustomer));
+  // The current cell is placed once the window has its size, so that bringing it into view
+  // does not scroll a window that is not laid out yet.
+  QTimer::singleShot(0, this, [this] {
+    quilta::Quilta& grid = orders_->grid();
+    if (grid.RowCount() > 0) grid.SetCurCell(1, grid.ColIndex(col::kCustomer));
+  });
   g.SetEventSink(events_.get());
   loadNote_ = QStringLiteral("%1 orders loaded from %2 in %3 ms")
                   .arg(QLocale(QLocale::English).toString(rows))

@@ -237,7 +237,7 @@ void LoadOrderTree(quilta::Quilta& tree, const quilta::Quilta& orders) {
                    [&](int32_t a, int32_t b) { return customers[a] < customers[b]; });
 
   tree.BeginUpdate();
-  tree.AddCol({.sKey = "node", .sHeader = "Customer / order", .lWidth = 260});
+  tree.AddCol({.sKey = "node", .sHeader = "Customer / order", .lWidth = 300});
   tree.AddCol({.sKey = "date", .sHeader = "Date", .lWidth = 92});
   tree.AddCol({.sKey = "product", .sHeader = "Product", .lWidth = 220});
   tree.AddCol(
@@ -259,11 +259,15 @@ void LoadOrderTree(quilta::Quilta& tree, const quilta::Quilta& orders) {
     for (int32_t c : {2, 3, 4, 6}) tree.SetCellValue(parent, c, quilta::Variant::Null());
     for (int32_t c = 1; c <= 6; ++c) tree.SetCellFont(parent, c, bold);
     const int32_t first = tree.AddRow({.btLevel = 1, .lCount = static_cast<int32_t>(end - i)});
-    for (int32_t r = first; i < end; ++i, ++r)
+    for (int32_t r = first; i < end; ++i, ++r) {
       for (int32_t c = 1; c <= 6; ++c)
         tree.SetCellValue(r, c, orders.CellValue(byCustomer[i], from[c - 1]));
+      tree.SetCellIcon(r, 1, orders.CellIcon(byCustomer[i], from[0]));
+      tree.SetCellIcon(r, 6, orders.CellIcon(byCustomer[i], from[5]));
+    }
   }
   tree.SetColCellsProp(1, quilta::quPropCellImageList, 1);
+  tree.SetColCellsProp(6, quilta::quPropCellImageList, 1);
   tree.SetColCellsProp(2, quilta::quPropCellFmtString, "dd mmm yyyy");
   tree.SetColCellsProp(4, quilta::quPropCellFmtString, "#,##0");
   tree.SetColCellsProp(5, quilta::quPropCellFmtString, "$#,##0.00");
@@ -275,6 +279,7 @@ void LoadOrderTree(quilta::Quilta& tree, const quilta::Quilta& orders) {
   tree.SetGridLineColor(0xEEEAE6);
   tree.SetFrozenCols(1);
   tree.CollapseAllRows();
+  if (tree.RowCount() > 0) tree.SetRowExpanded(1, true);  // one customer open shows the shape
   tree.EndUpdate();
 }
 
