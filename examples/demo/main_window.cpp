@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QDate>
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
@@ -177,10 +178,14 @@ void MainWindow::LoadData() {
     if (grid.RowCount() > 0) grid.SetCurCell(1, grid.ColIndex(col::kCustomer));
   });
   g.SetEventSink(events_.get());
-  loadNote_ = QStringLiteral("%1 orders loaded from %2 in %3 ms")
-                  .arg(QLocale(QLocale::English).toString(rows))
-                  .arg(QString::fromStdString(options_.database))
-                  .arg(clock.elapsed());
+  const QLocale english(QLocale::English);
+  const QString source = QFileInfo(QString::fromStdString(options_.database)).fileName();
+  loadNote_ = options_.rows > 0 ? QStringLiteral("%1 orders (made from %2) loaded in %3 ms")
+                                      .arg(english.toString(rows), source)
+                                      .arg(clock.elapsed())
+                                : QStringLiteral("%1 orders loaded from %2 in %3 ms")
+                                      .arg(english.toString(rows), source)
+                                      .arg(clock.elapsed());
   UpdateStatus();
 }
 
