@@ -241,7 +241,7 @@ void QtPlatform::SetCursor(CursorShape shape) {
 
 std::unique_ptr<TextBox> QtPlatform::CreateTextBox(const TextBoxOptions& options,
                                                    TextBoxEvents& events) {
-  return std::make_unique<QtTextBox>(area_, options, events);
+  return std::make_unique<QtTextBox>(area_, options, events, editKeyHook_);
 }
 
 std::unique_ptr<DropDownList> QtPlatform::OpenDropDown(const DropDownOptions& options,

@@ -58,6 +58,10 @@ class QtPlatform final : public QObject, public quilta::Platform {
 
   // Whether a widget is the control, one of its children or one of its popups.
   bool Owns(const QWidget* w) const { return Inside(w); }
+  // The keys the in-cell text box passes on to the grid.
+  void SetEditKeyHook(std::function<void(int16_t, int16_t)> hook) {
+    editKeyHook_ = std::move(hook);
+  }
   // True while the platform itself moves the scroll bars (their signals are not the user's).
   bool SettingScrollBars() const { return settingScrollBars_ > 0; }
   // Called when something outside the control's own calls may have changed the frame.
@@ -80,6 +84,7 @@ class QtPlatform final : public QObject, public quilta::Platform {
   bool settingClipboard_ = false;
   int settingScrollBars_ = 0;
   std::function<void()> invalidateHook_;
+  std::function<void(int16_t, int16_t)> editKeyHook_;
 };
 
 }  // namespace quilta::qt

@@ -32,7 +32,8 @@ class EditFlagsValidator final : public QValidator {
 
 class GridLineEdit final : public QLineEdit {
  public:
-  GridLineEdit(QWidget* parent, TextBoxEvents& events) : QLineEdit(parent), events_(&events) {}
+  GridLineEdit(QWidget* parent, TextBoxEvents& events, QtTextBox::GridKeys gridKeys)
+      : QLineEdit(parent), events_(&events), gridKeys_(std::move(gridKeys)) {}
   // The box has gone from the grid's side: no more events, whatever Qt still delivers.
   void Detach() { events_ = nullptr; }
 
@@ -59,8 +60,12 @@ class GridLineEdit final : public QLineEdit {
     if (!events_) return;
     int16_t code = VirtualKeyOf(*e);
     if (code != 0) {
-      events_->KeyDown(code, ShiftMaskOf(e->modifiers()));
+      const int16_t shift = ShiftMaskOf(e->modifiers());
+      events_->KeyDown(code, shift);
       if (!events_ || code == 0) return;
+      // The grid's own keys while editing: Enter commits, Escape cancels, Tab moves on.
+      if (gridKeys_) gridKeys_(code, shift);
+      if (!events_) return;
     }
     const QString typed = TypedCharacters(*e);
     QString kept;
@@ -122,11 +127,12 @@ class GridLineEdit final : public QLineEdit {
   }
 
   TextBoxEvents* events_;
+  QtTextBox::GridKeys gridKeys_;
 };
 
 QtTextBox::QtTextBox(QAbstractScrollArea& area, const TextBoxOptions& options,
-                     TextBoxEvents& events)
-    : area_(area), edit_(new GridLineEdit(area.viewport(), events)) {
+                     TextBoxEvents& events, GridKeys gridKeys)
+    : area_(area), edit_(new GridLineEdit(area.viewport(), events, std::move(gridKeys))) {
   GridLineEdit& e = *edit_;
   e.setFrame(false);
   e.setFont(ToQFont(options.font));
@@ -148,6 +154,7 @@ QtTextBox::QtTextBox(QAbstractScrollArea& area, const TextBoxOptions& options,
     if (edit) events.TextChanged();
   });
   e.show();
+  e.setFocus(Qt::OtherFocusReason);  // typing goes to the box from its first key on
 }
 
 QtTextBox::~QtTextBox() {

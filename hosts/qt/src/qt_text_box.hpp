@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QPointer>
+#include <functional>
 #include <quilta/platform/platform.hpp>
 
 class QAbstractScrollArea;
@@ -14,7 +15,10 @@ class GridLineEdit;
 
 class QtTextBox final : public quilta::TextBox {
  public:
-  QtTextBox(QAbstractScrollArea& area, const TextBoxOptions& options, TextBoxEvents& events);
+  // Where the keys the box does not eat go on to: the grid's keyboard handling.
+  using GridKeys = std::function<void(int16_t keyCode, int16_t shift)>;
+  QtTextBox(QAbstractScrollArea& area, const TextBoxOptions& options, TextBoxEvents& events,
+            GridKeys gridKeys);
   ~QtTextBox() override;
 
   std::string Text() const override;

@@ -52,6 +52,8 @@ QuiltaWidget::QuiltaWidget(QWidget* parent)
           this, [this] { SyncBorder(); }, Qt::QueuedConnection);
     }
   });
+  platform_->SetEditKeyHook(
+      [this](int16_t code, int16_t shift) { grid_->HostKeyDown(code, shift); });
   SyncBorder();
   lastDpi_ = platform_->Dpi();
 }
@@ -106,6 +108,16 @@ void QuiltaWidget::ResolutionChanged() {
   grid_->HostResize();
 }
 
+void QuiltaWidget::Shown() {
+  WatchScreen();
+  lastClientSize_ = platform_->ClientSize();
+  lastDpi_ = platform_->Dpi();
+  grid_->HostResize();
+  // Scroll bars switched on or off while hidden take their place now.
+  setVerticalScrollBarPolicy(verticalScrollBarPolicy());
+  setHorizontalScrollBarPolicy(horizontalScrollBarPolicy());
+}
+
 void QuiltaWidget::WatchScreen() {
   disconnect(screenConnection_);
   if (QScreen* s = screen()) {
@@ -141,10 +153,6 @@ bool QuiltaWidget::event(QEvent* e) {
       WatchScreen();
       ResolutionChanged();
       break;
-    case QEvent::Show:
-      WatchScreen();
-      ClientSizeMayHaveChanged();
-      break;
     case QEvent::PaletteChange:
     case QEvent::StyleChange:
     case QEvent::FontChange:
@@ -155,6 +163,7 @@ bool QuiltaWidget::event(QEvent* e) {
   }
   const bool handled = QAbstractScrollArea::event(e);
   if (e->type() == QEvent::Resize) ClientSizeMayHaveChanged();
+  if (e->type() == QEvent::Show) Shown();
   return handled;
 }
 

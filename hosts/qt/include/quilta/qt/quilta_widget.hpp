@@ -42,6 +42,7 @@ class QuiltaWidget : public QAbstractScrollArea {
   void ClientSizeMayHaveChanged();
   void ResolutionChanged();
   void WatchScreen();
+  void Shown();
   // The frame follows the control's BorderType.
   void SyncBorder();
 
