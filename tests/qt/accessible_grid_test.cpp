@@ -11,9 +11,10 @@ namespace {
 
 class Accessible : public WidgetTest {
  protected:
+  // Qt keeps the first interface it made for a widget: the factory comes before the widget.
   void SetUp() override {
-    WidgetTest::SetUp();
     InstallAccessibleGridFactory();
+    WidgetTest::SetUp();
     grid().SetMultiSelect(true);
     grid().SetCellValue(2, 3, 1234.5);
     grid().SetCellFmtString(2, 3, "$#,##0.00");
