@@ -1,6 +1,7 @@
 // What a user does to the widget with mouse, keyboard and wheel, seen through the object model.
 #include <QClipboard>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMessageBox>
 #include <QScrollBar>
 #include <QTimer>
@@ -11,10 +12,10 @@
 namespace quilta::qt::testing {
 namespace {
 
-using Input = WidgetTest;
+using QtInput = WidgetTest;
 using Strings = std::vector<std::string>;
 
-TEST_F(Input, HeaderClicksSortShiftClicksAddALevelAndDividerDragsResize) {
+TEST_F(QtInput, HeaderClicksSortShiftClicksAddALevelAndDividerDragsResize) {
   Click(Header(2));
   EXPECT_EQ(grid().ColSortKey("qty"), 1);
   const Strings qty = Column(2);
@@ -38,7 +39,7 @@ TEST_F(Input, HeaderClicksSortShiftClicksAddALevelAndDividerDragsResize) {
   EXPECT_EQ(grid().ColSortKey("item"), 0);  // sizing is no click
 }
 
-TEST_F(Input, ArrowKeysMoveTheCurrentCellAndTabStaysInTheGrid) {
+TEST_F(QtInput, ArrowKeysMoveTheCurrentCellAndTabStaysInTheGrid) {
   Click(Center(2, 1));
   EXPECT_EQ(Cur(), (Cell{2, 1}));
   Key(Qt::Key_Down);
@@ -51,7 +52,7 @@ TEST_F(Input, ArrowKeysMoveTheCurrentCellAndTabStaysInTheGrid) {
   EXPECT_TRUE(widget->hasFocus());
 }
 
-TEST_F(Input, TypingOpensTheLineEditAndEnterCommits) {
+TEST_F(QtInput, TypingOpensTheLineEditAndEnterCommits) {
   grid().SetEditable(true);
   Click(Center(3, 2));
   Type("42");
@@ -74,7 +75,7 @@ TEST_F(Input, TypingOpensTheLineEditAndEnterCommits) {
   EXPECT_EQ(grid().CellText(3, 2), "42");
 }
 
-TEST_F(Input, ABadValueShowsTheValidationMessageAndKeepsEditing) {
+TEST_F(QtInput, ABadValueShowsTheValidationMessageAndKeepsEditing) {
   grid().SetEditable(true);
   Click(Center(3, 2));
   Type("x");
@@ -97,7 +98,7 @@ TEST_F(Input, ABadValueShowsTheValidationMessageAndKeepsEditing) {
   EXPECT_NE(grid().CellText(3, 2), "x");
 }
 
-TEST_F(Input, CtrlCPutsTheSelectionOnTheClipboardAsTabSeparatedText) {
+TEST_F(QtInput, CtrlCPutsTheSelectionOnTheClipboardAsTabSeparatedText) {
   QGuiApplication::clipboard()->setText("before");
   Click(Center(1, 1));
   Click(Center(2, 2), Qt::ShiftModifier);
@@ -109,7 +110,7 @@ TEST_F(Input, CtrlCPutsTheSelectionOnTheClipboardAsTabSeparatedText) {
   EXPECT_EQ(copied.toStdString(), expected);
 }
 
-TEST_F(Input, ClipboardChangesOfAnyProgramMoveTheSequenceNumber) {
+TEST_F(QtInput, ClipboardChangesOfAnyProgramMoveTheSequenceNumber) {
   Platform& platform = grid().GetPlatform();
   const uint32_t first = platform.ClipboardSequenceNumber();
   QGuiApplication::clipboard()->setText("from elsewhere");
@@ -121,7 +122,7 @@ TEST_F(Input, ClipboardChangesOfAnyProgramMoveTheSequenceNumber) {
   EXPECT_EQ(QGuiApplication::clipboard()->text(), QString::fromUtf8("ünïcode\tcells"));
 }
 
-TEST_F(Input, CheckBoxClicksToggleAndTreeButtonsFold) {
+TEST_F(QtInput, CheckBoxClicksToggleAndTreeButtonsFold) {
   grid().SetEditable(true);
   grid().SetCellCheckVisible(2, 3, true);
   Click(On(2, 3, quCellPartCheckBox));
@@ -141,7 +142,35 @@ TEST_F(Input, CheckBoxClicksToggleAndTreeButtonsFold) {
   EXPECT_LT(Bounds(8, 1).top(), top8);
 }
 
-TEST_F(Input, TheWheelAndTheScrollBarScroll) {
+TEST_F(QtInput, AComboButtonDropsAListThatSearchesAsYouTypeAndEnterChooses) {
+  ComboObject& sizes = grid().Combos().Add("sizes");
+  for (const char* item : {"Small", "Medium", "Large", "Larger"}) sizes.AddItem(item);
+  grid().SetCellCtrlKey(2, 2, "sizes");
+  grid().SetCellType(2, 2, quCellCombo);
+  grid().SetShowControlsInAllCells(true);
+  grid().SetEditable(true);
+  Click(On(2, 2, quCellPartComboButton));
+  auto* list = qobject_cast<QListWidget*>(QApplication::activePopupWidget());
+  ASSERT_NE(list, nullptr);
+  EXPECT_EQ(list->count(), 4);
+  const QRect cell = Bounds(2, 2);
+  EXPECT_EQ(list->geometry().top(), viewport()->mapToGlobal(cell.bottomLeft()).y() + 1);
+  QTest::keyClicks(list, "larg");
+  EXPECT_EQ(list->currentRow(), 2);
+  QTest::keyClick(list, Qt::Key_Return);
+  EXPECT_EQ(grid().CellText(2, 2), "Large");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+
+  Click(On(2, 2, quCellPartComboButton));  // Escape closes it without a choice
+  list = qobject_cast<QListWidget*>(QApplication::activePopupWidget());
+  ASSERT_NE(list, nullptr);
+  QTest::keyClick(list, Qt::Key_Down);
+  QTest::keyClick(list, Qt::Key_Escape);
+  EXPECT_EQ(grid().CellText(2, 2), "Large");
+  EXPECT_FALSE(grid().IsEditing());
+}
+
+TEST_F(QtInput, TheWheelAndTheScrollBarScroll) {
   QScrollBar* bar = widget->verticalScrollBar();
   ASSERT_TRUE(bar->isVisible());
   const int top = Bounds(1, 1).top();

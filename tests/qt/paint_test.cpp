@@ -10,7 +10,7 @@
 namespace quilta::qt::testing {
 namespace {
 
-class Paint : public WidgetTest, public ::testing::WithParamInterface<double> {
+class QtPaint : public WidgetTest, public ::testing::WithParamInterface<double> {
  protected:
   void SetUp() override {
     WidgetTest::SetUp();
@@ -41,7 +41,7 @@ class Paint : public WidgetTest, public ::testing::WithParamInterface<double> {
   }
 };
 
-TEST_P(Paint, SelectionAndGridLinesFollowTheCellBoundaries) {
+TEST_P(QtPaint, SelectionAndGridLinesFollowTheCellBoundaries) {
   Click(Center(2, 1));
   Click(Center(4, 2), Qt::ShiftModifier);
   const QImage image = Render("selection");
@@ -65,7 +65,7 @@ TEST_P(Paint, SelectionAndGridLinesFollowTheCellBoundaries) {
   EXPECT_EQ(At(image, cell.right() - 1, cell.center().y()), back);
 }
 
-TEST_P(Paint, TheFocusRectangleAlternatesItsColoursOnTheCurrentCellsEdge) {
+TEST_P(QtPaint, TheFocusRectangleAlternatesItsColoursOnTheCurrentCellsEdge) {
   Click(Center(5, 2));
   const QImage image = Render("focus");
   const QColor one = Expected(grid().FocusRectColor1());
@@ -90,7 +90,7 @@ TEST_P(Paint, TheFocusRectangleAlternatesItsColoursOnTheCurrentCellsEdge) {
   EXPECT_EQ(At(image, below.center().x(), below.top()), Expected(grid().BackColor()));
 }
 
-TEST_P(Paint, ACheckBoxIsDrawnOnItsHitTestedPartAndShowsItsState) {
+TEST_P(QtPaint, ACheckBoxIsDrawnOnItsHitTestedPartAndShowsItsState) {
   grid().SetCellCheckVisible(5, 3, true);
   Click(Center(9, 1));
   const QImage unchecked = Render("check-off");
@@ -130,7 +130,7 @@ TEST_P(Paint, ACheckBoxIsDrawnOnItsHitTestedPartAndShowsItsState) {
   EXPECT_NEAR(drawn.bottom(), boxBottom, 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(Scales, Paint, ::testing::Values(1.0, 1.5),
+INSTANTIATE_TEST_SUITE_P(Scales, QtPaint, ::testing::Values(1.0, 1.5),
                          [](const auto& info) { return info.param == 1.0 ? "At100" : "At150"; });
 
 }  // namespace
