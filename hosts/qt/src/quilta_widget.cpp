@@ -129,9 +129,9 @@ void QuiltaWidget::WatchScreen() {
 bool QuiltaWidget::event(QEvent* e) {
   switch (e->type()) {
     case QEvent::KeyPress: {
-      // Tab moves between cells, not out of the grid.
+      // With UseTabKey, Tab moves between cells, not out of the grid.
       auto* k = static_cast<QKeyEvent*>(e);
-      if (k->key() == Qt::Key_Tab || k->key() == Qt::Key_Backtab) {
+      if ((k->key() == Qt::Key_Tab || k->key() == Qt::Key_Backtab) && grid_->UseTabKey()) {
         keyPressEvent(k);
         return true;
       }
@@ -242,9 +242,9 @@ void QuiltaWidget::ScrollBarMoved(EScrollBar bar, int value) {
   if (!platform_->SettingScrollBars()) grid_->HostScroll(bar, value);
 }
 
-void QuiltaWidget::FocusMoved(QWidget* from, QWidget* to) {
+void QuiltaWidget::FocusMoved(QWidget*, QWidget* to) {
+  // The grid keeps the focus while its text box or drop-down list has it.
   const bool focused = platform_->Owns(to);
-  if (focused == focused_ && platform_->Owns(from) == focused) return;
   if (focused == focused_) return;
   focused_ = focused;
   grid_->HostFocusChanged(focused);
