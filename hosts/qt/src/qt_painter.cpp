@@ -6,6 +6,7 @@
 #include <QStyleOption>
 #include <QWidget>
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
 
 #include "qt_convert.hpp"
@@ -128,6 +129,34 @@ void QtPainter::UseFont(const Font& font) {
   font_ = font;
   qfont_ = ToQFont(font);
   p_.setFont(qfont_);
+  metrics_.emplace(qfont_, p_.device());
+  rawFont_ = QRawFont::fromFont(qfont_);
+}
+
+bool QtPainter::SimpleGlyphs(const QString& text, QGlyphRun& run, qreal& width) {
+  if (!rawFont_.isValid()) return false;
+  for (QChar c : text) {
+    if (c.unicode() >= 0x0300 || c.unicode() < 0x20) return false;
+  }
+  glyphs_ = rawFont_.glyphIndexesForString(text);
+  if (glyphs_.size() != text.size()) return false;
+  for (quint32 g : glyphs_) {
+    if (g == 0) return false;  // not in this font: a fallback font would draw it
+  }
+  advances_ = rawFont_.advancesForGlyphIndexes(glyphs_);
+  qreal x = 0;
+  for (QPointF& a : advances_) {
+    const qreal step = a.x();
+    a = QPointF(x, 0);
+    x += step;
+  }
+  width = x;
+  run.setRawFont(rawFont_);
+  run.setGlyphIndexes(glyphs_);
+  run.setPositions(advances_);
+  run.setUnderline(qfont_.underline());
+  run.setStrikeOut(qfont_.strikeOut());
+  return true;
 }
 
 void QtPainter::DrawText(const Rect& r, std::string_view text, const Font& font, Color rgb,
@@ -135,17 +164,53 @@ void QtPainter::DrawText(const Rect& r, std::string_view text, const Font& font,
   if (text.empty() || r.IsEmpty()) return;
   UseFont(font);
   QString s = ToQString(text);
+  if (textFlags & quTextSingleLine) {
+    s.replace(QLatin1Char('\n'), QLatin1Char(' '));
+    s.remove(QLatin1Char('\r'));
+  }
+  const bool oneLine = !s.contains(QLatin1Char('\n')) && !s.contains(QLatin1Char('\t')) &&
+                       ((textFlags & quTextSingleLine) || !(textFlags & quTextWordBreak));
+  if (oneLine) return DrawOneLine(r, s, ToQColor(rgb), textFlags);
   const Qt::TextElideMode elide = ElideModeOf(textFlags);
   const bool wraps = (textFlags & quTextWordBreak) && !(textFlags & quTextSingleLine);
   if (elide != Qt::ElideNone && !wraps) {
-    const QFontMetrics fm(qfont_, p_.device());
-    if (textFlags & quTextSingleLine) s.replace(QLatin1Char('\n'), QLatin1Char(' '));
     QStringList lines = s.split(QLatin1Char('\n'));
-    for (QString& line : lines) line = fm.elidedText(line, elide, r.Width());
+    for (QString& line : lines) line = metrics_->elidedText(line, elide, r.Width());
     s = lines.join(QLatin1Char('\n'));
   }
   p_.setPen(ToQColor(rgb));
   p_.drawText(ToQRect(r), QtTextFlags(textFlags), s);
+}
+
+void QtPainter::DrawOneLine(const Rect& r, QString& text, const QColor& color, int32_t flags) {
+  const QFontMetricsF& fm = *metrics_;
+  const Qt::TextElideMode elide = ElideModeOf(flags);
+  QGlyphRun run;
+  qreal width = 0;
+  bool glyphs = SimpleGlyphs(text, run, width);
+  if (!glyphs) width = fm.horizontalAdvance(text);
+  if (elide != Qt::ElideNone && width > r.Width()) {
+    text = fm.elidedText(text, elide, r.Width());
+    glyphs = false;
+    width = fm.horizontalAdvance(text);
+  }
+  const qreal x = (flags & quTextRight)    ? r.right - width
+                  : (flags & quTextCenter) ? r.left + (r.Width() - width) / 2
+                                           : r.left;
+  const qreal height = fm.height();
+  const qreal top = (flags & quTextBottom)    ? r.bottom - height
+                    : (flags & quTextVCenter) ? r.top + (r.Height() - height) / 2
+                                              : r.top;
+  const bool clip = !(flags & quTextNoClip) && (width > r.Width() || height > r.Height());
+  if (clip) p_.setClipRect(clips_.back().intersected(ToQRect(r)));
+  p_.setPen(color);
+  const QPointF baseline(std::round(x), std::round(top) + fm.ascent());
+  if (glyphs) {
+    p_.drawGlyphRun(baseline, run);
+  } else {
+    p_.drawText(baseline, text);
+  }
+  if (clip) p_.setClipRect(clips_.back());
 }
 
 void QtPainter::DrawImage(const ImageList& list, int32_t index, Point at, Color blend,

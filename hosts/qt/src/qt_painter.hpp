@@ -3,7 +3,10 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
+#include <QGlyphRun>
 #include <QPainter>
+#include <QRawFont>
 #include <optional>
 #include <quilta/platform/painter.hpp>
 #include <vector>
@@ -43,6 +46,11 @@ class QtPainter final : public quilta::Painter {
 
  private:
   void UseFont(const Font& font);
+  // One line of text placed by hand: the common cell and header case, without a text layout.
+  void DrawOneLine(const Rect& r, QString& text, const QColor& color, int32_t textFlags);
+  // Glyphs straight from the font for text that needs no shaping (Latin, Greek, Cyrillic
+  // without combining marks, every character in the font); false for anything else.
+  bool SimpleGlyphs(const QString& text, QGlyphRun& run, qreal& width);
   void DrawArrow(const QRect& box, bool up, const QColor& color);
   void FlatCheckBox(const QRect& box, ECellCheckState state, bool enabled);
 
@@ -51,6 +59,10 @@ class QtPainter final : public quilta::Painter {
   std::vector<QRect> clips_;
   std::optional<Font> font_;  // the font the painter holds
   QFont qfont_;
+  std::optional<QFontMetricsF> metrics_;
+  QRawFont rawFont_;
+  QList<quint32> glyphs_;  // scratch buffers, reused from text to text
+  QList<QPointF> advances_;
 };
 
 }  // namespace quilta::qt
