@@ -132,6 +132,7 @@ void MainWindow::BuildUi() {
     tree_->grid().CollapseAllRows();
   });
   view->addAction(QStringLiteral("&Reset column layout"), this, [this] {
+    options_.useSavedLayout = false;  // the default columns and sort, saved again on closing
     orders_->grid().Clear(true);
     LoadData();
   });

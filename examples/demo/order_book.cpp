@@ -172,6 +172,7 @@ void FormatOrders(quilta::Quilta& g) {
   for (const char* key : {col::kCustomer, col::kCity, col::kCountry, col::kProduct, col::kShipVia})
     g.SetColSortType(key, quilta::quSortByValueNoCase);
 
+  if (g.Combos().Exists("shippers")) g.Combos().Remove("shippers");  // formatted again
   quilta::ComboObject& shippers = g.Combos().Add("shippers");
   for (int16_t i = 0; i < 3; ++i) shippers.AddItem(kShippers[i], kShippers[i], kIconSpeedy + i);
   const int32_t shipVia = g.ColIndex(col::kShipVia);
