@@ -192,5 +192,37 @@ TEST_F(QtInput, TheWheelAndTheScrollBarScroll) {
   EXPECT_GE(Bounds(kRows, 1).top(), 0);
 }
 
+TEST_F(QtInput, DraggingBelowTheCellsSelectsAndScrollsOnItsOwn) {
+  grid().SetMultiSelect(true);
+  QScrollBar* bar = widget->verticalScrollBar();
+  const QPoint start = Center(2, 1);
+  QTest::mousePress(viewport(), Qt::LeftButton, {}, start);
+  QTest::mouseMove(viewport(), QPoint(start.x(), viewport()->height() + 10));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return bar->value() > 0; }, 3000));
+  QTest::mouseRelease(viewport(), Qt::LeftButton, {}, QPoint(start.x(), viewport()->height() + 10));
+  const int scrolled = bar->value();
+  QTest::qWait(200);
+  EXPECT_EQ(bar->value(), scrolled);  // released: scrolling stops
+  EXPECT_GT(grid().CurRow(), 2);
+  EXPECT_GT(grid().SelItems().Count(), 2);
+}
+
+TEST_F(QtInput, TheFrameFollowsBorderTypeAndTheLayoutFollowsTheSize) {
+  grid().SetBorderType(quBorderNone);
+  QApplication::processEvents();
+  EXPECT_EQ(widget->frameWidth(), 0);
+  EXPECT_EQ(grid().GetPlatform().ClientSize(), (Size{widget->width(), widget->height()}));
+  grid().SetBorderType(quBorderSunken);
+  QApplication::processEvents();
+  EXPECT_EQ(widget->frameWidth(), 2);
+
+  QScrollBar* bar = widget->verticalScrollBar();
+  EXPECT_TRUE(bar->isVisible());
+  widget->resize(420, 1200);  // every row fits: no scroll bar, and the cells use its room
+  QApplication::processEvents();
+  EXPECT_FALSE(bar->isVisible());
+  EXPECT_EQ(viewport()->width(), widget->width() - 4);
+}
+
 }  // namespace
 }  // namespace quilta::qt::testing
