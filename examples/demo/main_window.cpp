@@ -176,7 +176,10 @@ void MainWindow::LoadData() {
   // does not scroll a window that is not laid out yet.
   QTimer::singleShot(0, this, [this] {
     quilta::Quilta& grid = orders_->grid();
-    if (grid.RowCount() > 0) grid.SetCurCell(1, grid.ColIndex(col::kCustomer));
+    if (grid.RowCount() < 1) return;
+    grid.SetCurCell(1, grid.ColIndex(col::kCustomer));
+    grid.SetCellSelected(1, grid.ColIndex(col::kCustomer), true);  // as a click there would
+    orders_->setFocus();
   });
   g.SetEventSink(events_.get());
   const QLocale english(QLocale::English);
