@@ -47,20 +47,21 @@ QuiltaWidget::QuiltaWidget(QWidget* parent)
   // A property change repaints through Invalidate: the frame follows BorderType from there,
   // once the control's own call has returned.
   platform_->SetInvalidateHook([this] {
-    if (appliedBorder_ != grid_->BorderType()) {
+    if (grid_ && appliedBorder_ != grid_->BorderType()) {
       QMetaObject::invokeMethod(
           this, [this] { SyncBorder(); }, Qt::QueuedConnection);
     }
   });
-  platform_->SetEditKeyHook(
-      [this](int16_t code, int16_t shift) { grid_->HostKeyDown(code, shift); });
+  platform_->SetEditKeyHook([this](int16_t code, int16_t shift) {
+    if (grid_) grid_->HostKeyDown(code, shift);
+  });
   SyncBorder();
   lastDpi_ = platform_->Dpi();
 }
 
 QuiltaWidget::~QuiltaWidget() {
   disconnect(qApp, &QApplication::focusChanged, this, nullptr);
-  grid_.reset();  // the control goes before the services it uses
+  grid_.reset();  // the control goes before the services it uses; the hooks see it gone
 }
 
 quilta::Quilta& QuiltaWidget::grid() { return *grid_; }
