@@ -34,8 +34,7 @@ class OrdersEvents final : public quilta::QuiltaEvents {
 
   void RequestEdit(int32_t, int32_t col, int32_t, bool& cancel, std::string&, int32_t&,
                    quilta::ETextEditFlags&) override {
-    const std::string key = Grid().ColKey(col);
-    cancel = key == col::kOrder || key == col::kTotal || key == col::kShipped;
+    cancel = !OrderColumnEditable(Grid().ColKey(col));
     if (cancel)
       w_.Say(QStringLiteral("%1 is computed and cannot be edited")
                  .arg(QString::fromStdString(Grid().ColHeaderText(col))));
@@ -44,19 +43,7 @@ class OrdersEvents final : public quilta::QuiltaEvents {
   void BeforeCommitEdit(int32_t, int32_t col, quilta::EEditResults& result, const std::string&,
                         Variant& value, int32_t convErr, bool canProceed, int32_t&) override {
     if (convErr != 0) return;  // the grid reports values it cannot convert itself
-    const std::string key = Grid().ColKey(col);
-    QString problem;
-    if (key == col::kQuantity && quilta::CDbl(value) < 0) {
-      problem = QStringLiteral("A quantity cannot be negative");
-    } else if (key == col::kPrice && quilta::CDbl(value) < 0) {
-      problem = QStringLiteral("A price cannot be negative");
-    } else if (key == col::kDiscount) {
-      double d = quilta::CDbl(value);
-      if (d > 1 && d <= 100) value = d /= 100;  // "15" means 15 %
-      if (d < 0 || d > 1) problem = QStringLiteral("A discount lies between 0 % and 100 %");
-    } else if (key == col::kCustomer || key == col::kProduct) {
-      if (quilta::CStr(value).empty()) problem = QStringLiteral("This field cannot be empty");
-    }
+    const QString problem = QString::fromStdString(CheckOrderValue(Grid().ColKey(col), value));
     if (problem.isEmpty()) return;
     result = canProceed ? quilta::quEditResProceed : quilta::quEditResCancel;
     w_.Say(problem, true);
@@ -321,7 +308,7 @@ void MainWindow::Paste() {
       if (pos > g.ColCount()) break;
       const int32_t col = g.ColFromPos(pos++);
       const std::string key = g.ColKey(col);
-      if (key == col::kOrder || key == col::kTotal || key == col::kShipped) {
+      if (!OrderColumnEditable(key)) {
         ++skipped;
         continue;
       }
@@ -334,8 +321,10 @@ void MainWindow::Paste() {
           value = quilta::CCur(value);
         else if (old.IsNumber())
           value = quilta::CDbl(value);
-        if (old.IsNumber() && quilta::CDbl(value) < 0)
-          throw quilta::Error::FromCode(quilta::quErrInvalidArgument);
+        if (!CheckOrderValue(key, value).empty()) {
+          ++skipped;
+          continue;
+        }
         g.SetCellValue(row, col, value);
         ++pasted;
       } catch (const quilta::Error&) {

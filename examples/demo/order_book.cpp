@@ -210,6 +210,24 @@ void FormatOrders(quilta::Quilta& g) {
   g.EndUpdate();
 }
 
+std::string CheckOrderValue(const std::string& key, quilta::Variant& value) {
+  if (key == col::kQuantity && quilta::CDbl(value) < 0) return "A quantity cannot be negative";
+  if (key == col::kPrice && quilta::CDbl(value) < 0) return "A price cannot be negative";
+  if (key == col::kDiscount) {
+    double d = quilta::CDbl(value);
+    if (d > 1 && d <= 100) value = d /= 100;  // "15" means 15 %
+    if (d < 0 || d > 1) return "A discount lies between 0 % and 100 %";
+  }
+  if ((key == col::kCustomer || key == col::kProduct) &&
+      (value.IsNull() || quilta::CStr(value).empty()))
+    return "This field cannot be empty";
+  return {};
+}
+
+bool OrderColumnEditable(const std::string& key) {
+  return key != col::kOrder && key != col::kTotal && key != col::kShipped;
+}
+
 void UpdateTotal(quilta::Quilta& g, int32_t row) {
   const double qty = quilta::CDbl(g.CellValue(row, col::kQuantity));
   const double price = quilta::CDbl(g.CellValue(row, col::kPrice));

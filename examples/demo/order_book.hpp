@@ -51,6 +51,13 @@ void FormatOrders(quilta::Quilta& grid);
 // and sum), the customer's orders below it.
 void LoadOrderTree(quilta::Quilta& tree, const quilta::Quilta& orders);
 
+// Whether a value may go into an orders column: empty when it may, else what is wrong with it.
+// A discount typed as a whole percentage ("15") becomes its fraction (0.15).
+std::string CheckOrderValue(const std::string& colKey, quilta::Variant& value);
+
+// Whether the user may edit a column (computed ones may not).
+bool OrderColumnEditable(const std::string& colKey);
+
 // The line total of an order row, recomputed after its quantity, price or discount changed.
 void UpdateTotal(quilta::Quilta& grid, int32_t row);
 
