@@ -170,6 +170,24 @@ TEST_F(QtInput, AComboButtonDropsAListThatSearchesAsYouTypeAndEnterChooses) {
   EXPECT_FALSE(grid().IsEditing());
 }
 
+TEST_F(QtInput, ATextComboTypesIntoItsBoxWhileItsListIsOpen) {
+  ComboObject& sizes = grid().Combos().Add("sizes");
+  for (const char* item : {"Small", "Medium", "Large"}) sizes.AddItem(item);
+  grid().SetCellCtrlKey(2, 2, "sizes");
+  grid().SetCellType(2, 2, quCellTextCombo);
+  grid().SetShowControlsInAllCells(true);
+  grid().SetEditable(true);
+  Click(On(2, 2, quCellPartComboButton));
+  auto* list = qobject_cast<QListWidget*>(QApplication::activePopupWidget());
+  ASSERT_NE(list, nullptr);
+  QTest::keyClick(list, Qt::Key_A, Qt::ControlModifier);
+  QTest::keyClicks(list, "XL");
+  EXPECT_EQ(grid().TextEditText(), "XL");
+  QTest::keyClick(list, Qt::Key_Down);  // the arrows stay with the list
+  EXPECT_EQ(grid().TextEditText(), "XL");
+  QTest::keyClick(list, Qt::Key_Escape);
+}
+
 TEST_F(QtInput, TheWheelAndTheScrollBarScroll) {
   QScrollBar* bar = widget->verticalScrollBar();
   ASSERT_TRUE(bar->isVisible());

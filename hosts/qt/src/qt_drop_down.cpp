@@ -1,8 +1,10 @@
 #include "qt_drop_down.hpp"
 
 #include <QAbstractScrollArea>
+#include <QApplication>
 #include <QElapsedTimer>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QScreen>
 #include <QScrollBar>
@@ -30,6 +32,8 @@ class PopupList final : public QListWidget {
             [this](QListWidgetItem* item) { Choose(row(item)); });
   }
   void Detach() { events_ = nullptr; }
+  // A text combo's box: the list keeps the arrows, Enter and Escape, the box gets the typing.
+  void TypeInto(QWidget* box) { typingTarget_ = box; }
 
   // Highlights the first item starting with `typed`, ignoring case.
   void Search(const QString& typed) {
@@ -49,8 +53,17 @@ class PopupList final : public QListWidget {
         return Choose(currentRow());
       case Qt::Key_Escape:
         return Dismiss();
+      case Qt::Key_Up:
+      case Qt::Key_Down:
+      case Qt::Key_PageUp:
+      case Qt::Key_PageDown:
+        return QListWidget::keyPressEvent(e);
       default:
         break;
+    }
+    if (typingTarget_) {
+      QApplication::sendEvent(typingTarget_, e);
+      return;
     }
     const QString typed = e->text();
     if (!typed.isEmpty() && typed.at(0).isPrint() &&
@@ -86,6 +99,7 @@ class PopupList final : public QListWidget {
   }
 
   DropDownEvents* events_;
+  QPointer<QWidget> typingTarget_;
   QString typed_;
   QElapsedTimer typing_;
 };
@@ -94,6 +108,10 @@ QtDropDown::QtDropDown(QAbstractScrollArea& area, const DropDownOptions& options
                        DropDownEvents& events)
     : area_(area), list_(new PopupList(area.viewport(), events)) {
   PopupList& list = *list_;
+  if (auto* box = qobject_cast<QLineEdit*>(QApplication::focusWidget());
+      box && box->parentWidget() == area.viewport()) {
+    list.TypeInto(box);
+  }
   list.setFont(ToQFont(options.font));
   const auto* images = dynamic_cast<const QtImageList*>(options.images.get());
   if (images) {
