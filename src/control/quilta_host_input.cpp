@@ -64,6 +64,9 @@ void Quilta::HostResize() {
   c_->RequestRedraw();
 }
 
-void Quilta::HostFocusChanged(bool) { c_->RequestRedraw(); }
+void Quilta::HostFocusChanged(bool bFocused) {
+  if (!bFocused) c_->toolTips.Hide();  // a window that loses the focus keeps no tip up
+  c_->RequestRedraw();
+}
 
 }  // namespace quilta

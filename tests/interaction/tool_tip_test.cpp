@@ -104,7 +104,7 @@ TEST_F(ToolTip, MovingWithinTheCellKeepsTheDelayAndAnotherCellRestartsIt) {
   EXPECT_FALSE(Waiting());
 }
 
-TEST_F(ToolTip, PressKeyScrollEditLeaveAndTheHeaderHideIt) {
+TEST_F(ToolTip, PressKeyScrollEditLeaveHeaderAndLosingFocusHideIt) {
   const auto pressOn = [&] {
     const Point c = Center(2, 1);
     g.HostMouseDown(1, 0, c.x, c.y);
@@ -115,9 +115,10 @@ TEST_F(ToolTip, PressKeyScrollEditLeaveAndTheHeaderHideIt) {
   const auto edit = [&] { g.RequestEditCurCell(0, false); };
   const auto leave = [&] { g.HostMouseLeave(); };
   const auto header = [&] { g.HostMouseMove(0, 0, 5, 2); };
+  const auto blur = [&] { g.HostFocusChanged(false); };
   int i = 0;
   for (const auto& hide :
-       std::vector<std::function<void()>>{pressOn, key, scroll, edit, leave, header}) {
+       std::vector<std::function<void()>>{pressOn, key, scroll, edit, leave, header, blur}) {
     SCOPED_TRACE(i++);
     g.CancelEditCurCell();
     g.HostScroll(quScrollBarV, 0);
