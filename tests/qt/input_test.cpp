@@ -52,6 +52,22 @@ TEST_F(QtInput, ArrowKeysMoveTheCurrentCellAndTabStaysInTheGrid) {
   EXPECT_TRUE(widget->hasFocus());
 }
 
+TEST_F(QtInput, KeypadMinusAndPlusFoldTheCurrentNodeAndCtrlLettersTypeNothing) {
+  grid().SetEditable(true);
+  grid().SetRowTreeButton(5, quRowTreeButtonVisible);
+  grid().SetRowLevel(6, 1);
+  grid().SetTreeCol(1);
+  Click(Center(5, 2));
+  Key(Qt::Key_Minus, Qt::KeypadModifier);
+  EXPECT_FALSE(grid().RowExpanded(5));
+  Key(Qt::Key_Plus, Qt::KeypadModifier);
+  EXPECT_TRUE(grid().RowExpanded(5));
+  Key(Qt::Key_V, Qt::ControlModifier);
+  Key(Qt::Key_B, Qt::ControlModifier);
+  EXPECT_FALSE(grid().IsEditing());
+  EXPECT_EQ(QApplication::focusWidget(), widget.get());
+}
+
 TEST_F(QtInput, TypingOpensTheLineEditAndEnterCommits) {
   grid().SetEditable(true);
   Click(Center(3, 2));

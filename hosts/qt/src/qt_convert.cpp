@@ -103,13 +103,18 @@ int16_t ButtonMaskOf(Qt::MouseButtons b) {
 
 QString TypedCharacters(const QKeyEvent& e) {
   const Qt::KeyboardModifiers m = e.modifiers();
+  const QString text = e.text();
+  // AltGr arrives as Ctrl+Alt on some platforms: its printable characters are typing.
+  const bool altGr =
+      (m & Qt::ControlModifier) && (m & Qt::AltModifier) && !text.isEmpty() && text.at(0).isPrint();
+  if (altGr) return text;
   if (m & Qt::AltModifier) return {};
   if (m & Qt::ControlModifier) {
     const int key = e.key();
     if (key >= Qt::Key_A && key <= Qt::Key_Z) return QString(QChar(char16_t(key - Qt::Key_A + 1)));
     return {};
   }
-  return e.text();
+  return text;
 }
 
 }  // namespace quilta::qt
