@@ -3,6 +3,7 @@
 // the focus rectangle, the grid lines and a check box land where CellBoundary says.
 #include <QDir>
 #include <QImage>
+#include <QLineEdit>
 #include <cmath>
 
 #include "widget_support.hpp"
@@ -128,6 +129,26 @@ TEST_P(QtPaint, ACheckBoxIsDrawnOnItsHitTestedPartAndShowsItsState) {
   EXPECT_NEAR(drawn.right(), boxRight, 1);
   EXPECT_NEAR(drawn.top(), boxTop, 1);
   EXPECT_NEAR(drawn.bottom(), boxBottom, 1);
+}
+
+TEST_P(QtPaint, TheSelectionTakesTheNoFocusColourWhileAnotherWindowHasTheFocus) {
+  grid().SetHighlightBackColorNoFocus(0x2080F0);
+  Click(Center(3, 1));
+  Click(Center(4, 2), Qt::ShiftModifier);
+  const QRect selected = Bounds(3, 1);
+  const QPoint spot(selected.right() - 2, selected.top() + 2);
+  EXPECT_EQ(At(Render("focused"), spot.x(), spot.y()), Expected(grid().HighlightBackColor()));
+
+  QLineEdit other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  other.setFocus();
+  EXPECT_EQ(At(Render("unfocused"), spot.x(), spot.y()), Expected(0x2080F0));
+
+  widget->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(widget.get()));
+  EXPECT_EQ(At(Render("refocused"), spot.x(), spot.y()), Expected(grid().HighlightBackColor()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Scales, QtPaint, ::testing::Values(1.0, 1.5),
