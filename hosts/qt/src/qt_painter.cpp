@@ -133,24 +133,30 @@ void QtPainter::UseFont(const Font& font) {
   rawFont_ = QRawFont::fromFont(qfont_);
 }
 
-bool QtPainter::SimpleGlyphs(const QString& text, QGlyphRun& run, qreal& width) {
-  if (!rawFont_.isValid()) return false;
+bool UnshapedGlyphs(const QRawFont& font, const QString& text, QList<quint32>& glyphs,
+                    QList<QPointF>& positions, qreal& width) {
+  if (!font.isValid()) return false;
   for (QChar c : text) {
     if (c.unicode() >= 0x0300 || c.unicode() < 0x20) return false;
   }
-  glyphs_ = rawFont_.glyphIndexesForString(text);
-  if (glyphs_.size() != text.size()) return false;
-  for (quint32 g : glyphs_) {
+  glyphs = font.glyphIndexesForString(text);
+  if (glyphs.size() != text.size()) return false;
+  for (quint32 g : glyphs) {
     if (g == 0) return false;  // not in this font: a fallback font would draw it
   }
-  advances_ = rawFont_.advancesForGlyphIndexes(glyphs_);
+  positions = font.advancesForGlyphIndexes(glyphs);
   qreal x = 0;
-  for (QPointF& a : advances_) {
-    const qreal step = a.x();
-    a = QPointF(x, 0);
+  for (QPointF& p : positions) {
+    const qreal step = p.x();
+    p = QPointF(x, 0);
     x += step;
   }
   width = x;
+  return true;
+}
+
+bool QtPainter::SimpleGlyphs(const QString& text, QGlyphRun& run, qreal& width) {
+  if (!UnshapedGlyphs(rawFont_, text, glyphs_, advances_, width)) return false;
   run.setRawFont(rawFont_);
   run.setGlyphIndexes(glyphs_);
   run.setPositions(advances_);

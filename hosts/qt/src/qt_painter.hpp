@@ -19,6 +19,12 @@ namespace quilta::qt {
 // them.
 int QtTextFlags(int32_t flags);
 
+// Glyphs and their positions straight from the font for text that needs no shaping (Latin,
+// Greek and Cyrillic without combining marks, every character in the font), and the width they
+// take; false for anything else. Drawing and measuring both use it, so they agree.
+bool UnshapedGlyphs(const QRawFont& font, const QString& text, QList<quint32>& glyphs,
+                    QList<QPointF>& positions, qreal& width);
+
 class QtPainter final : public quilta::Painter {
  public:
   // clip: the part being painted (client pixels); style and palette come from `widget`.
@@ -48,8 +54,6 @@ class QtPainter final : public quilta::Painter {
   void UseFont(const Font& font);
   // One line of text placed by hand: the common cell and header case, without a text layout.
   void DrawOneLine(const Rect& r, QString& text, const QColor& color, int32_t textFlags);
-  // Glyphs straight from the font for text that needs no shaping (Latin, Greek, Cyrillic
-  // without combining marks, every character in the font); false for anything else.
   bool SimpleGlyphs(const QString& text, QGlyphRun& run, qreal& width);
   void DrawArrow(const QRect& box, bool up, const QColor& color);
   void FlatCheckBox(const QRect& box, ECellCheckState state, bool enabled);

@@ -13,6 +13,7 @@
 #include <QToolTip>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "qt_convert.hpp"
 #include "qt_drop_down.hpp"
@@ -138,7 +139,9 @@ int32_t QtPlatform::Dpi() const { return std::max(1, area_.logicalDpiY()); }
 const QFontMetrics& QtPlatform::MetricsOf(const Font& font) const {
   if (!metrics_ || !measuredFont_ || !(*measuredFont_ == font)) {
     measuredFont_ = font;
-    metrics_.emplace(ToQFont(font), area_.viewport());
+    const QFont qfont = ToQFont(font);
+    metrics_.emplace(qfont, area_.viewport());
+    rawFont_ = QRawFont::fromFont(qfont);
   }
   return *metrics_;
 }
@@ -150,6 +153,10 @@ Size QtPlatform::MeasureText(std::string_view text, const Font& font, int32_t te
   if (textFlags & quTextSingleLine) {
     s.replace(QLatin1Char('\n'), QLatin1Char(' '));
     s.remove(QLatin1Char('\r'));
+    qreal width = 0;
+    if (UnshapedGlyphs(*rawFont_, s, glyphs_, positions_, width)) {
+      return {static_cast<int32_t>(std::ceil(width)), fm.height()};
+    }
     return {fm.horizontalAdvance(s), fm.height()};
   }
   s.remove(QLatin1Char('\r'));

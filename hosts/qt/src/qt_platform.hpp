@@ -6,6 +6,7 @@
 
 #include <QFontMetrics>
 #include <QObject>
+#include <QRawFont>
 #include <functional>
 #include <map>
 #include <memory>
@@ -79,6 +80,9 @@ class QtPlatform final : public QObject, public quilta::Platform {
   QAbstractScrollArea& area_;
   mutable std::optional<Font> measuredFont_;
   mutable std::optional<QFontMetrics> metrics_;
+  mutable std::optional<QRawFont> rawFont_;
+  mutable QList<quint32> glyphs_;
+  mutable QList<QPointF> positions_;
   std::map<int32_t, Timer> timers_;
   uint32_t clipboardSequence_ = 1;
   bool settingClipboard_ = false;
