@@ -35,6 +35,9 @@ QuiltaWidget::QuiltaWidget(QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setAttribute(Qt::WA_InputMethodEnabled, false);
   viewport()->setMouseTracking(true);
+  // The control paints every pixel of its client area, empty parts included.
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  viewport()->setAutoFillBackground(false);
   viewport()->setAttribute(Qt::WA_Hover, false);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
