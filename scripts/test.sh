@@ -5,7 +5,9 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-packages=(cmake g++ libgtest-dev libbenchmark-dev libsqlite3-dev libpq-dev postgresql)
+# qt6-base-dev builds the widget host; fonts-dejavu-core lets its offscreen tests render text.
+packages=(cmake g++ libgtest-dev libbenchmark-dev libsqlite3-dev libpq-dev postgresql qt6-base-dev
+  fonts-dejavu-core)
 missing=()
 for p in "${packages[@]}"; do dpkg -s "$p" >/dev/null 2>&1 || missing+=("$p"); done
 if ((${#missing[@]})); then

@@ -13,6 +13,7 @@
 #include "interaction/keyboard_commands.hpp"
 #include "interaction/mouse_handler.hpp"
 #include "interaction/selection.hpp"
+#include "interaction/tool_tips.hpp"
 #include "layout/cell_parts.hpp"
 #include "layout/column_sizing.hpp"
 #include "layout/geometry.hpp"
@@ -184,6 +185,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   bool EnsureColVisible(int32_t slot, int32_t mode, int32_t gap, bool endEditing = false);
   // A cell's parts laid out in its client rectangle, as drawing lays them out.
   layout::CellParts CellPartsAt(int32_t row, int32_t colIndex);
+  // Whether a cell's text needs more room than its text part has (IsCellTextClipped).
+  bool CellTextClipped(int32_t row, int32_t colIndex);
   // The size a cell's text takes in its own font and text flags (broken into lines no wider
   // than maxWidth when the flags ask for word breaks; maxWidth <= 0: no limit).
   Size CellTextSize(int32_t row, int32_t colIndex, int32_t maxWidth);
@@ -363,6 +366,22 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     Control& c;
   };
 
+  // ---- Tooltips: the cell under the pointer, its clipped text, the platform's tooltip.
+  struct ToolTipSiteImpl final : interaction::ToolTipSite {
+    explicit ToolTipSiteImpl(Control& control) : c(control) {}
+    CellAt CellUnder(Point at) override;
+    std::string ClippedText(int32_t row, int32_t col, Rect& cell) override;
+    void ShowToolTip(const std::string& text, const Rect& near) override {
+      c.platform->ShowToolTip(text, near);
+    }
+    void HideToolTip() override { c.platform->HideToolTip(); }
+    bool StartTimer(int32_t id, int32_t intervalMs, TimerSink& sink) override {
+      return c.platform->StartTimer(id, intervalMs, sink);
+    }
+    void StopTimer(int32_t id) override { c.platform->StopTimer(id); }
+    Control& c;
+  };
+
   // (subsystem hooks end)
 
   std::unique_ptr<HeadlessPlatform> ownedPlatform;
@@ -414,6 +433,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   MouseSiteImpl mouseSite{*this};
   interaction::MouseHandler mouse{store,    props,       selection, selectionSite,
                                   viewSite, commandSite, mouseSite};
+  ToolTipSiteImpl toolTipSite{*this};
+  interaction::ToolTips toolTips{props, toolTipSite};
   // (subsystem state end)
 };
 

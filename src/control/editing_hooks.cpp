@@ -5,7 +5,9 @@ namespace quilta::control {
 
 void Control::EndEditing() { editor.Cancel(); }
 
+// Every edit starts here, so the tooltip over the grid goes away as the editor opens.
 void Control::EnsureCellVisible(int32_t row, int32_t colIndex) {
+  toolTips.Hide();
   viewSite.EnsureCellVisible(row, colIndex);
 }
 

@@ -6,6 +6,11 @@ namespace quilta::control {
 
 // A disabled grid takes no mouse input in its cells, as disabled windows get none.
 void Control::CellsMouse(MouseAction action, int16_t button, int16_t shift, Point at) {
+  if (action == MouseAction::Move && props.Bool(model::Prop::Enabled)) {
+    toolTips.PointerMoved(at, button != 0);
+  } else {
+    toolTips.Hide();
+  }
   if (!props.Bool(model::Prop::Enabled)) return;
   switch (action) {
     case MouseAction::Down:

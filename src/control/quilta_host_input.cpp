@@ -20,8 +20,13 @@ namespace {
 void Route(control::Control& c, control::MouseAction action, int16_t button, int16_t shift,
            Point at) {
   c.EnsureLayout();
-  if (c.GroupByMouse(action, button, shift, at)) return;
-  if (!c.HeaderMouse(action, button, shift, at)) c.CellsMouse(action, button, shift, at);
+  if (c.GroupByMouse(action, button, shift, at)) {
+    c.toolTips.Hide();
+  } else if (c.HeaderMouse(action, button, shift, at)) {
+    c.toolTips.Hide();
+  } else {
+    c.CellsMouse(action, button, shift, at);
+  }
 }
 
 }  // namespace
@@ -63,6 +68,9 @@ void Quilta::HostResize() {
   c_->RequestRedraw();
 }
 
-void Quilta::HostFocusChanged(bool) { c_->RequestRedraw(); }
+void Quilta::HostFocusChanged(bool bFocused) {
+  if (!bFocused) c_->toolTips.Hide();  // a window that loses the focus keeps no tip up
+  c_->RequestRedraw();
+}
 
 }  // namespace quilta

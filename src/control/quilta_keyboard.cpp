@@ -10,6 +10,7 @@ void Quilta::DoKeyboardCommand(int16_t KeyCode, int16_t Shift) {
 }
 
 void Quilta::HostKeyDown(int16_t KeyCode, int16_t Shift) {
+  c_->toolTips.Hide();
   c_->keyboard.ResetActionDone();
   if (c_->commandSite.IsEditing()) {
     c_->keyboard.DoKeyboardCommand(KeyCode, Shift);

@@ -108,11 +108,7 @@ void Quilta::CellTextBoundary(const Variant& vRow, const Variant& vCol, int32_t&
 bool Quilta::IsCellTextClipped(const Variant& vRow, const Variant& vCol) const {
   const ResolvedCell cell = Resolve(*c_, vRow, vCol);
   c_->SyncRowPositions();
-  const Rect text = c_->CellPartsAt(cell.row, cell.colIndex).text;
-  // Without room there is nothing to break the text into: any text is clipped.
-  if (text.Width() <= 0) return !c_->CellText(cell.row, cell.colIndex).empty();
-  const Size need = c_->CellTextSize(cell.row, cell.colIndex, text.Width());
-  return need.cx > text.Width() || need.cy > text.Height();
+  return c_->CellTextClipped(cell.row, cell.colIndex);
 }
 
 // ---- Scrolling into view -------------------------------------------------------------------

@@ -98,6 +98,7 @@ layout::CellPartsInput Control::CellPartsFor(int32_t row, int32_t colIndex, cons
 
 bool Control::ScrollTo(EScrollBar bar, int32_t pos) {
   if (!view.SetScrollPos(bar, pos)) return false;
+  toolTips.Hide();
   EnsureLayout();
   RequestRedraw();
   return true;

@@ -41,6 +41,14 @@ layout::CellParts Control::CellPartsAt(int32_t row, int32_t colIndex) {
   return layout::LayoutCellParts(CellPartsFor(row, colIndex, CellRect(row, colIndex), true));
 }
 
+bool Control::CellTextClipped(int32_t row, int32_t colIndex) {
+  const Rect text = CellPartsAt(row, colIndex).text;
+  // Without room there is nothing to break the text into: any text is clipped.
+  if (text.Width() <= 0) return !CellText(row, colIndex).empty();
+  const Size need = CellTextSize(row, colIndex, text.Width());
+  return need.cx > text.Width() || need.cy > text.Height();
+}
+
 Size Control::CellTextSize(int32_t row, int32_t colIndex, int32_t maxWidth) {
   const model::Cell& c = store.CellAt(row, colIndex);
   const int32_t flags = c.textFlags;

@@ -276,8 +276,9 @@ int32_t HeadlessPlatform::TrackPopupMenu(const std::vector<MenuItem>& items, Poi
   return id;
 }
 
-void HeadlessPlatform::ShowToolTip(std::string_view text, const Rect&) {
+void HeadlessPlatform::ShowToolTip(std::string_view text, const Rect& near) {
   toolTip_ = std::string(text);
+  toolTipNear_ = near;
 }
 
 bool HeadlessPlatform::StartTimer(int32_t id, int32_t intervalMs, TimerSink& sink) {

@@ -153,6 +153,8 @@ class HeadlessPlatform : public Platform {
   void QueueMenuChoice(int32_t id) { menuAnswers_.push_back(id); }
   const std::vector<MenuItem>& LastMenu() const { return lastMenu_; }
   const std::string& ToolTip() const { return toolTip_; }
+  // Where the newest tooltip was asked to appear near.
+  const Rect& ToolTipNear() const { return toolTipNear_; }
   bool TimerRunning(int32_t id) const { return timers_.count(id) != 0; }
   int32_t TimerInterval(int32_t id) const;
   // Fires a running timer as the platform's timer would.
@@ -178,6 +180,7 @@ class HeadlessPlatform : public Platform {
   std::deque<int32_t> menuAnswers_;
   std::vector<MenuItem> lastMenu_;
   std::string toolTip_;
+  Rect toolTipNear_;
   std::map<int32_t, std::pair<int32_t, TimerSink*>> timers_;
   std::string clipboard_;
   uint32_t clipboardSequence_ = 0;
