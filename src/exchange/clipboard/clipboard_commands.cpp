@@ -82,8 +82,8 @@ void ClipboardCommands::CopyCutClear(bool clear, bool toClipboard, bool withHead
   }
 }
 
-// Rows come from the selection list; columns from the cells of those rows (in row mode the list
-// names rows only), so the block is found in one walk of the list and one of the rows' cells.
+// Rows and columns come from the selection list, walked row by row; in row mode the list names
+// rows only, and the columns come from the selected cells of those rows.
 ClipboardCommands::SelectedBlock ClipboardCommands::FindSelectedBlock() const {
   const interaction::SelItems& items = selection_.Items();
   const int32_t lowRow = std::max(1, items.MinRow());
@@ -92,16 +92,17 @@ ClipboardCommands::SelectedBlock ClipboardCommands::FindSelectedBlock() const {
   if (highRow < lowRow) return block;
   const model::ColumnStore& cols = store_.Cols();
   const int32_t slotCount = cols.RowTextCol();
-  std::vector<uint8_t> rowHit(static_cast<size_t>(highRow - lowRow + 1));
   std::vector<uint8_t> slotHit(static_cast<size_t>(slotCount) + 1);
+  std::vector<uint8_t> indexHit(static_cast<size_t>(slotCount) + 1);
   const bool rowMode = props_.Bool(Prop::RowMode);
-  items.ForEach([&](int32_t row, int32_t col) {
-    if (row < lowRow || row > highRow || col < 1 || col > slotCount) return;
-    rowHit[static_cast<size_t>(row - lowRow)] = 1;
-    if (!rowMode) slotHit[static_cast<size_t>(cols.SlotOfIndex(col))] = 1;
-  });
   for (int32_t row = lowRow; row <= highRow; ++row) {
-    if (!rowHit[static_cast<size_t>(row - lowRow)]) continue;
+    bool hit = false;
+    items.ForEachInRow(row, [&](int32_t col) {
+      if (col < 1 || col > slotCount) return;
+      hit = true;
+      indexHit[static_cast<size_t>(col)] = 1;
+    });
+    if (!hit) continue;
     block.rows.push_back(row);
     if (!rowMode) continue;
     for (int32_t slot = 1; slot <= slotCount; ++slot) {
@@ -110,6 +111,10 @@ ClipboardCommands::SelectedBlock ClipboardCommands::FindSelectedBlock() const {
         slotHit[static_cast<size_t>(slot)] = 1;
     }
   }
+  if (!rowMode)
+    for (int32_t col = 1; col <= slotCount; ++col)
+      if (indexHit[static_cast<size_t>(col)])
+        slotHit[static_cast<size_t>(cols.SlotOfIndex(col))] = 1;
   for (int32_t slot = 1; slot <= slotCount; ++slot)
     if (slotHit[static_cast<size_t>(slot)]) block.slots.push_back(slot);
   return block;
