@@ -52,7 +52,8 @@ void CheckReader(std::string_view text) {
     for (int32_t c = 0; c < table.Width(); ++c) {
       cells.push_back(Carriable(table.Cell(r, c)));
       std::string withBreaks;
-      for (char ch : cells.back()) withBreaks += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
+      for (char ch : cells.back())
+        withBreaks += ch == '\n' ? std::string("\r\n") : std::string(1, ch);
       const size_t at = written.size();
       if (c) written.push_back('\t');
       AppendClipboardCell(written, withBreaks);
@@ -82,8 +83,8 @@ struct Host : quilta::QuiltaEvents {
     bAddRows = options & 2;
     bShowWarning = options & 4;
   }
-  void RequestEdit(int32_t lRow, int32_t lCol, int32_t, bool& bCancel, std::string& sText,
-                   int32_t&, quilta::ETextEditFlags&) override {
+  void RequestEdit(int32_t lRow, int32_t lCol, int32_t, bool& bCancel, std::string& sText, int32_t&,
+                   quilta::ETextEditFlags&) override {
     bCancel = (options & 8) && (lRow + lCol) % 3 == 0;
     if (options & 16) sText += "x";
   }

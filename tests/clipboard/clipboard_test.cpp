@@ -138,6 +138,16 @@ TEST_F(Clipboard, CopyOrdersColumnsByDisplayPositionAndIncludesTheRowTextColumn)
   EXPECT_EQ(platform.GetClipboardText(), "23\t21\trt");
 }
 
+TEST_F(Clipboard, RowModeCopiesTheShownColumnsOfTheSelectedRows) {
+  Fill();
+  grid.SetRowMode(true);
+  grid.SetColVisible(2, false);
+  grid.SetCurCell(2, 1);
+  grid.DoKeyboardCommand(40, kShift);  // Shift+Down: rows 2 and 3
+  grid.DoKeyboardCommand(kC, kCtrl);
+  EXPECT_EQ(platform.GetClipboardText(), "21\t23\t24\r\n31\t33\t34");
+}
+
 TEST_F(Clipboard, CopyEventsAndTheirVeto) {
   grid.SetEventSink(&events);
   grid.SetCellValue(1, 1, "a");
@@ -299,6 +309,32 @@ TEST_F(Clipboard, OwnBlockIsPastedWithItsHoles) {
   EXPECT_EQ(Text(1, 4), "");
   EXPECT_EQ(Text(2, 3), "");
   EXPECT_EQ(Text(2, 4), "b");
+}
+
+TEST_F(Clipboard, StrayQuotesAndLoneCarriageReturnsArePlainText) {
+  grid.SetCurCell(1, 1);
+  // A quote that is never closed quotes nothing.
+  platform.SetClipboardTextFromOtherProgram("\"open\tx\r\nfive\ta\rb");
+  grid.DoKeyboardCommand(kV, kCtrl);
+  EXPECT_EQ(Text(1, 1), "\"open");
+  EXPECT_EQ(Text(1, 2), "x");
+  EXPECT_EQ(Text(2, 1), "five");
+  EXPECT_EQ(Text(2, 2), "a\rb");
+  // A quote inside a cell is a character; text after a closing quote stays with its cell.
+  platform.SetClipboardTextFromOtherProgram("5\" inch\t\"q\"tail");
+  grid.DoKeyboardCommand(kV, kCtrl);
+  EXPECT_EQ(Text(1, 1), "5\" inch");
+  EXPECT_EQ(Text(1, 2), "qtail");
+}
+
+TEST_F(Clipboard, ACopyWithHeadersPastesAsItsText) {
+  Fill();
+  Select({{1, 1}});
+  grid.DoKeyboardCommand(kC, kCtrl | kShift);
+  grid.SetCurCell(3, 3);
+  grid.DoKeyboardCommand(kV, kCtrl);
+  EXPECT_EQ(Text(3, 3), "H1");
+  EXPECT_EQ(Text(4, 3), "11");
 }
 
 TEST_F(Clipboard, CutThenPasteMovesTheCells) {
