@@ -289,6 +289,7 @@ bool ClipboardCommands::PlanTarget(const PasteSource& source, Target& target) co
 // BeforePaste reports what is missing; the host may allow growth, refuse the paste or silence
 // the warning. A paste that still does not fit asks the user before it drops data.
 bool ClipboardCommands::AskToGrow(Target& target, int32_t& colsAdded, int32_t& rowsAdded) {
+  const int32_t startIndex = store_.Cols().AtSlot(target.slot).index;
   int32_t colsToAdd = 0, rowsToAdd = 0;
   if (!target.fill) {
     const int64_t lastSlot = int64_t{target.slot} + target.slots - 1;
@@ -307,9 +308,10 @@ bool ClipboardCommands::AskToGrow(Target& target, int32_t& colsAdded, int32_t& r
                                          MessageBoxButtons::YesNo) != MessageBoxResult::Yes)
     return false;
   site_.EndEditing();
-  // A handler may have changed the grid: what is added is worked out again now.
-  if (!target.fill && !InGrid(target.row, 1)) return false;
-  const int32_t startIndex = store_.Cols().AtSlot(target.slot).index;
+  // A handler may have changed the grid: the start is found again and what is added worked out
+  // anew.
+  if (!InGrid(target.row, startIndex)) return false;
+  target.slot = store_.Cols().SlotOfIndex(startIndex);
   if (addCols && colsToAdd > 0 && target.slot <= store_.ColCount()) {
     colsAdded = std::max(0, target.slot + target.slots - 1 - store_.ColCount());
     if (colsAdded > 0) site_.AddColumns(colsAdded);
