@@ -242,11 +242,16 @@ void ClipboardCommands::Paste() {
   if (source.Rows() == 0 || source.Cols() == 0) return;
   Target target;
   if (!PlanTarget(source, target)) return;
-  int32_t colsAdded = 0, rowsAdded = 0;
-  if (!AskToGrow(target, colsAdded, rowsAdded)) return;
-  WriteBlock(source, target);
+  Growth growth;
+  if (!AskToGrow(target, growth)) return;
+  site_.EndEditing();
+  {
+    UpdateBlock update(site_);
+    Grow(target, growth);
+    WriteBlock(source, target);
+  }
   SelectPasted(target);
-  if (QuiltaEvents* ev = site_.Events()) ev->AfterPaste(colsAdded, rowsAdded);
+  if (QuiltaEvents* ev = site_.Events()) ev->AfterPaste(growth.colsAdded, growth.rowsAdded);
 }
 
 // The block starts at the top-left cell of a selection that is one rectangle, else at the
@@ -288,8 +293,8 @@ bool ClipboardCommands::PlanTarget(const PasteSource& source, Target& target) co
 
 // BeforePaste reports what is missing; the host may allow growth, refuse the paste or silence
 // the warning. A paste that still does not fit asks the user before it drops data.
-bool ClipboardCommands::AskToGrow(Target& target, int32_t& colsAdded, int32_t& rowsAdded) {
-  const int32_t startIndex = store_.Cols().AtSlot(target.slot).index;
+bool ClipboardCommands::AskToGrow(Target& target, Growth& growth) {
+  target.col = store_.Cols().AtSlot(target.slot).index;
   int32_t colsToAdd = 0, rowsToAdd = 0;
   if (!target.fill) {
     const int64_t lastSlot = int64_t{target.slot} + target.slots - 1;
@@ -302,26 +307,30 @@ bool ClipboardCommands::AskToGrow(Target& target, int32_t& colsAdded, int32_t& r
   if (QuiltaEvents* ev = site_.Events())
     ev->BeforePaste(doDefault, colsToAdd, rowsToAdd, addCols, addRows, showWarning);
   if (!doDefault) return false;
+  growth.cols = addCols && colsToAdd > 0;
+  growth.rows = addRows && rowsToAdd > 0;
   const bool dataDropped = (colsToAdd > 0 && !addCols) || (rowsToAdd > 0 && !addRows);
   if (dataDropped && showWarning &&
       site_.GetPlatform().ShowMessageBox(kPasteWarning, kPasteTitle, MessageBoxIcon::Warning,
                                          MessageBoxButtons::YesNo) != MessageBoxResult::Yes)
     return false;
-  site_.EndEditing();
-  // A handler may have changed the grid: the start is found again and what is added worked out
-  // anew.
-  if (!InGrid(target.row, startIndex)) return false;
-  target.slot = store_.Cols().SlotOfIndex(startIndex);
-  if (addCols && colsToAdd > 0 && target.slot <= store_.ColCount()) {
-    colsAdded = std::max(0, target.slot + target.slots - 1 - store_.ColCount());
-    if (colsAdded > 0) site_.AddColumns(colsAdded);
-  }
-  if (addRows && rowsToAdd > 0) {
-    rowsAdded = std::max(0, target.row + target.rows - 1 - store_.RowCount());
-    if (rowsAdded > 0) site_.AddRows(rowsAdded);
-  }
-  target.slot = store_.Cols().SlotOfIndex(startIndex);
+  // A handler may have changed the grid: the start is found again.
+  if (!InGrid(target.row, target.col)) return false;
+  target.slot = store_.Cols().SlotOfIndex(target.col);
   return true;
+}
+
+// What is added is worked out again from the grid as it is now.
+void ClipboardCommands::Grow(Target& target, Growth& growth) {
+  if (growth.cols && target.slot <= store_.ColCount()) {
+    growth.colsAdded = std::max(0, target.slot + target.slots - 1 - store_.ColCount());
+    if (growth.colsAdded > 0) site_.AddColumns(growth.colsAdded);
+  }
+  if (growth.rows) {
+    growth.rowsAdded = std::max(0, target.row + target.rows - 1 - store_.RowCount());
+    if (growth.rowsAdded > 0) site_.AddRows(growth.rowsAdded);
+  }
+  target.slot = store_.Cols().SlotOfIndex(target.col);
 }
 
 void ClipboardCommands::WriteBlock(const PasteSource& source, const Target& target) {
@@ -332,7 +341,6 @@ void ClipboardCommands::WriteBlock(const PasteSource& source, const Target& targ
   const int32_t rows = std::min(target.rows, store_.RowCount() - target.row + 1);
   std::vector<int32_t> indexes;
   for (int32_t i = 0; i < slots; ++i) indexes.push_back(cols.AtSlot(target.slot + i).index);
-  UpdateBlock update(site_);
   for (int32_t r = 0; r < rows; ++r) {
     const int32_t row = target.row + r;
     for (int32_t c = 0; c < slots; ++c) {

@@ -71,6 +71,7 @@ class ClipboardCommands {
   struct Target {
     int32_t row = 0;
     int32_t slot = 0;
+    int32_t col = 0;   // the index of the start column, which growth does not change
     int32_t rows = 0;  // the size of the area written
     int32_t slots = 0;
     bool fill = false;  // one value fills the selected rectangle
@@ -83,7 +84,15 @@ class ClipboardCommands {
   void ClearBlock(const SelectedBlock& block);
 
   bool PlanTarget(const PasteSource& source, Target& target) const;
-  bool AskToGrow(Target& target, int32_t& colsAdded, int32_t& rowsAdded);
+  // Columns and rows the host lets the grid add, and what was added.
+  struct Growth {
+    bool cols = false;
+    bool rows = false;
+    int32_t colsAdded = 0;
+    int32_t rowsAdded = 0;
+  };
+  bool AskToGrow(Target& target, Growth& growth);
+  void Grow(Target& target, Growth& growth);
   void WriteBlock(const PasteSource& source, const Target& target);
   void SelectPasted(const Target& target);
 
