@@ -340,6 +340,12 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     void StoreValue(int32_t row, int32_t colIndex, const Variant& value) override {
       c.SetCellValue(row, colIndex, value);
     }
+    const ComboObject* ComboListOf(int32_t row, int32_t colIndex) override {
+      return c.editSite.ComboListOf(row, colIndex);
+    }
+    void StoreComboListIndex(int32_t row, int32_t colIndex, int32_t index) override {
+      c.editSite.StoreComboListIndex(row, colIndex, index);
+    }
     void AddColumns(int32_t count) override;
     void AddRows(int32_t count) override;
     void SortByColumn(int32_t colIndex, ESortOrders order) override;

@@ -363,6 +363,22 @@ TEST_F(Clipboard, PastedTextsConvertToTheCellsTypes) {
   EXPECT_EQ(grid.CellValue(1, 3), Variant(-1));
 }
 
+TEST_F(Clipboard, ComboCellsTakeTheIndexOfTheItemShowingThePastedText) {
+  ComboObject& list = grid.Combos().Add("sizes");
+  list.AddItem("small");
+  list.AddItem("large");
+  for (int32_t c = 1; c <= 2; ++c) {
+    grid.SetCellType(1, c, quCellTextCombo);
+    grid.SetCellCtrlKey(1, c, "sizes");
+  }
+  grid.SetCurCell(1, 1);
+  platform.SetClipboardTextFromOtherProgram("large\tmedium");
+  grid.DoKeyboardCommand(kV, kCtrl);
+  EXPECT_EQ(grid.CellComboListIndex(1, 1), 1);
+  EXPECT_EQ(grid.CellComboListIndex(1, 2), -1);
+  EXPECT_EQ(Text(1, 2), "medium");
+}
+
 TEST_F(Clipboard, VetoedCellsKeepTheirValuesAndTheRestIsPasted) {
   Fill();
   grid.SetEventSink(&events);

@@ -184,13 +184,27 @@ bool ClipboardCommands::CellEditable(int32_t row, int32_t col) const {
   return edit::EditKindOf(store_.CellAt(row, col).Type()) != edit::EditKind::None;
 }
 
+// A cell with a combo list takes the index of the item showing the text, as an edit does.
+int32_t ClipboardCommands::ComboIndexFor(int32_t row, int32_t col, std::string_view text) {
+  const model::Cell& cell = store_.CellAt(row, col);
+  if (edit::EditKindOf(cell.Type()) == edit::EditKind::TextBox) return cell.comboListIndex;
+  const ComboObject* list = site_.ComboListOf(row, col);
+  return list ? list->FindItemByText(text, true) : -1;
+}
+
+void ClipboardCommands::Store(int32_t row, int32_t col, const Variant& value, int32_t comboIndex) {
+  const bool combo = edit::EditKindOf(store_.CellAt(row, col).Type()) != edit::EditKind::TextBox;
+  site_.StoreValue(row, col, value);
+  if (combo) site_.StoreComboListIndex(row, col, comboIndex);
+}
+
 bool ClipboardCommands::EditCell(int32_t row, int32_t col, std::string_view text) {
   QuiltaEvents* ev = site_.Events();
   if (!ev) {
     scratch_.assign(text);
     edit::Conversion c = edit::ConvertEditText(scratch_, edit::EditTargetType(store_, row, col));
     if (c.error) return false;
-    site_.StoreValue(row, col, c.value);
+    Store(row, col, c.value, ComboIndexFor(row, col, text));
     return true;
   }
   bool cancel = false;
@@ -202,7 +216,7 @@ bool ClipboardCommands::EditCell(int32_t row, int32_t col, std::string_view text
   const edit::Conversion c = edit::ConvertEditText(sText, edit::EditTargetType(store_, row, col));
   EEditResults result = quEditResCommit;
   Variant value = c.value;
-  int32_t comboIndex = store_.CellAt(row, col).comboListIndex;
+  int32_t comboIndex = ComboIndexFor(row, col, sText);
   ev->BeforeCommitEdit(row, col, result, sText, value, c.error, false, comboIndex);
   if (result == quEditResProceed || !InGrid(row, col)) return false;
   // A text that does not convert leaves the cell alone unless the host supplied a value.
@@ -211,7 +225,7 @@ bool ClipboardCommands::EditCell(int32_t row, int32_t col, std::string_view text
     return false;
   }
   const Variant old = store_.CellAt(row, col).value;
-  site_.StoreValue(row, col, value);
+  Store(row, col, value, comboIndex);
   ev->AfterCommitEdit(row, col, old);
   return true;
 }

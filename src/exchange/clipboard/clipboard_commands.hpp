@@ -102,6 +102,8 @@ class ClipboardCommands {
   bool CellEditable(int32_t row, int32_t col) const;
   // Stores a text into a cell through the edit events; returns whether it was stored.
   bool EditCell(int32_t row, int32_t col, std::string_view text);
+  int32_t ComboIndexFor(int32_t row, int32_t col, std::string_view text);
+  void Store(int32_t row, int32_t col, const Variant& value, int32_t comboIndex);
 
   model::GridStore& store_;
   const model::ControlProperties& props_;

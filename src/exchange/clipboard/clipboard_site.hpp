@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <quilta/combos.hpp>
 #include <quilta/enums.hpp>
 #include <quilta/events.hpp>
 #include <quilta/platform/platform.hpp>
@@ -24,6 +25,9 @@ class ClipboardSite {
   virtual void EndUpdate() = 0;
   // Stores a converted value (no redraw of its own while updates are suspended).
   virtual void StoreValue(int32_t row, int32_t colIndex, const Variant& value) = 0;
+  // The combo list a cell shows (nullptr when none) and its chosen item.
+  virtual const ComboObject* ComboListOf(int32_t row, int32_t colIndex) = 0;
+  virtual void StoreComboListIndex(int32_t row, int32_t colIndex, int32_t index) = 0;
   // Growth for a paste: columns as ColCount adds them, rows with AddRow's defaults.
   virtual void AddColumns(int32_t count) = 0;
   virtual void AddRows(int32_t count) = 0;
