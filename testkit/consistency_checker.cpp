@@ -190,6 +190,26 @@ void CheckGroupByBand(const Control& c, Problems& p) {
     p.Report("a drag of column " + to_string(col) + ", not a column of the grid");
 }
 
+// The kept copy block has one text and one mark per position, its texts laid end to end.
+void CheckKeptBlock(const Control& c, Problems& p) {
+  const exchange::KeptBlock& k = c.clipboard.Kept();
+  if (!k.valid) return;
+  const size_t positions = static_cast<size_t>(k.cols) * static_cast<size_t>(k.rows);
+  if (k.cols < 1 || k.rows < 1 || k.ends.size() != positions || k.marks.size() != positions) {
+    p.Report("kept block of " + to_string(k.cols) + " x " + to_string(k.rows) + " with " +
+             to_string(k.ends.size()) + " texts and " + to_string(k.marks.size()) + " marks");
+    return;
+  }
+  uint32_t last = 0;
+  for (uint32_t end : k.ends) {
+    if (end < last) p.Report("kept texts out of order");
+    last = end;
+  }
+  if (last != k.chars.size()) p.Report("kept texts do not end at the buffer's end");
+  if (std::find(k.marks.begin(), k.marks.end(), 1) == k.marks.end())
+    p.Report("kept block marks no selected cell");
+}
+
 }  // namespace
 
 void Problems::Report(const std::string& what) {
@@ -209,6 +229,7 @@ const ConsistencyChecker& ConsistencyChecker::ForGrid() {
     k.Add("selection", CheckSelection);
     k.Add("editing", CheckEditing);
     k.Add("group-by band", CheckGroupByBand);
+    k.Add("kept copy block", CheckKeptBlock);
     return k;
   }();
   return checker;

@@ -26,6 +26,10 @@ namespace demo {
 
 using quilta::Variant;
 
+// Modifier bits of the grid's key commands.
+constexpr int16_t kShift = 1;
+constexpr int16_t kCtrl = 2;
+
 // The orders grid's events: which cells take edits, validation, and keeping the line totals,
 // icons and the database in step with what the user changes.
 class OrdersEvents final : public quilta::QuiltaEvents {
@@ -102,6 +106,7 @@ void MainWindow::BuildUi() {
   QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
   file->addAction(QStringLiteral("&Quit"), QKeySequence::Quit, this, &QWidget::close);
   QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+  edit->addAction(QStringLiteral("Cu&t"), QKeySequence::Cut, this, [this] { Cut(); });
   edit->addAction(QStringLiteral("&Copy"), QKeySequence::Copy, this, [this] { Copy(false); });
   edit->addAction(QStringLiteral("Copy with &headers"),
                   QKeySequence(QStringLiteral("Ctrl+Shift+C")), this, [this] { Copy(true); });
@@ -254,90 +259,15 @@ void MainWindow::Search(bool next) {
   g.EnsureVisibleRow(row, quilta::quEnsVisRowAuto);
 }
 
-// Tab-separated text of the selected cells' rectangle (cells inside it that are not selected
-// stay empty), as spreadsheets paste it.
+// The grid's own clipboard commands, as its keys run them: the copied text is tab-separated with
+// CRLF line ends, and a paste goes through the same edit events (and so the same checks) as typing.
 void MainWindow::Copy(bool withHeaders) {
-  quilta::Quilta& g = ActiveGrid();
-  int32_t r0, r1, c0, c1;
-  const auto items = g.SelItems().GetArray(r0, r1, c0, c1);
-  if (items.empty()) {
-    if (g.CurRow() < 1) return;
-    r0 = r1 = g.CurRow();
-    c0 = c1 = g.CurCol();
-  }
-  std::vector<int32_t> cols;
-  for (int32_t pos = 1; pos <= g.ColCount(); ++pos) {
-    const int32_t c = g.ColFromPos(pos);
-    const int32_t at = g.ColPos(c);
-    if (g.ColVisible(c) && at >= g.ColPos(c0) && at <= g.ColPos(c1)) cols.push_back(c);
-  }
-  QString out;
-  const auto line = [&](const auto& cellText) {
-    QStringList fields;
-    for (int32_t c : cols) fields << cellText(c);
-    out += fields.join('\t') + '\n';
-  };
-  if (withHeaders) line([&](int32_t c) { return QString::fromStdString(g.ColHeaderText(c)); });
-  for (int32_t r = r0; r <= r1; ++r) {
-    if (!g.RowVisible(r)) continue;
-    line([&](int32_t c) {
-      if (!items.empty() && !g.CellSelected(r, c)) return QString();
-      if (g.CellCheckVisible(r, c))
-        return QString(g.CellCheckState(r, c) == quilta::quCheckStateChecked ? "Yes" : "No");
-      return QString::fromStdString(g.CellText(r, c));
-    });
-  }
-  QApplication::clipboard()->setText(out);
-  Say(QStringLiteral("Copied %1 rows").arg(r1 - r0 + 1));
+  ActiveGrid().DoKeyboardCommand('C', withHeaders ? kCtrl | kShift : kCtrl);
 }
 
-// Pastes tab-separated text from the current cell on; each value goes through the same checks
-// as an edit would (a value of the wrong kind or a negative quantity is skipped).
-void MainWindow::Paste() {
-  if (tabs_->currentIndex() != 0) return;
-  quilta::Quilta& g = orders_->grid();
-  const QStringList lines = QApplication::clipboard()->text().split('\n', Qt::SkipEmptyParts);
-  if (g.CurRow() < 1 || lines.isEmpty()) return;
-  int32_t pasted = 0, skipped = 0;
-  g.BeginUpdate();
-  for (int32_t i = 0; i < lines.size() && g.CurRow() + i <= g.RowCount(); ++i) {
-    const int32_t row = g.CurRow() + i;
-    const QStringList fields = lines[i].split('\t');
-    int32_t pos = g.ColPos(g.CurCol());
-    for (const QString& field : fields) {
-      if (pos > g.ColCount()) break;
-      const int32_t col = g.ColFromPos(pos++);
-      const std::string key = g.ColKey(col);
-      if (!OrderColumnEditable(key)) {
-        ++skipped;
-        continue;
-      }
-      try {
-        const Variant old = g.CellValue(row, col);
-        Variant value = Variant(field.trimmed().toStdString());
-        if (old.Type() == quilta::vbDate)
-          value = quilta::CDate(value);
-        else if (old.Type() == quilta::vbCurrency)
-          value = quilta::CCur(value);
-        else if (old.IsNumber())
-          value = quilta::CDbl(value);
-        if (!CheckOrderValue(key, value).empty()) {
-          ++skipped;
-          continue;
-        }
-        g.SetCellValue(row, col, value);
-        ++pasted;
-      } catch (const quilta::Error&) {
-        ++skipped;
-      }
-    }
-    UpdateTotal(g, row);
-  }
-  g.EndUpdate();
-  Say(QStringLiteral("Pasted %1 values%2")
-          .arg(pasted)
-          .arg(skipped ? QStringLiteral(", skipped %1").arg(skipped) : QString()));
-}
+void MainWindow::Cut() { ActiveGrid().DoKeyboardCommand('X', kCtrl); }
+
+void MainWindow::Paste() { ActiveGrid().DoKeyboardCommand('V', kCtrl); }
 
 void MainWindow::Say(const QString& text, bool warning) {
   statusBar()->setStyleSheet(warning ? QStringLiteral("color: #b00020") : QString());

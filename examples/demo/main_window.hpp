@@ -48,6 +48,7 @@ class MainWindow final : public QMainWindow {
   void ShowTreeWhenAsked(int tab);
   void Search(bool next);
   void Copy(bool withHeaders);
+  void Cut();
   void Paste();
   quilta::Quilta& ActiveGrid();
 

@@ -119,6 +119,17 @@ class QuiltaEvents {
   virtual void AfterCellCheckChange(int32_t /*lRow*/, int32_t /*lCol*/,
                                     ECellCheckState /*eOldCheckState*/) {}
 
+  // The clipboard. Clearing bDoDefault in BeforeCopy or BeforeCut leaves the command to the
+  // host. BeforePaste reports the columns and rows missing for the whole block; the host may let
+  // the grid add them and may silence the warning shown when data would be dropped.
+  virtual void BeforeCopy(bool /*bWithHeaders*/, bool& /*bDoDefault*/) {}
+  virtual void AfterCopy(bool /*bWithHeaders*/) {}
+  virtual void BeforeCut(bool& /*bDoDefault*/) {}
+  virtual void AfterCut() {}
+  virtual void BeforePaste(bool& /*bDoDefault*/, int32_t /*lColsToAdd*/, int32_t /*lRowsToAdd*/,
+                           bool& /*bAddCols*/, bool& /*bAddRows*/, bool& /*bShowWarning*/) {}
+  virtual void AfterPaste(int32_t /*lColsAdded*/, int32_t /*lRowsAdded*/) {}
+
   // Sorting and grouping.
   virtual void BeforeContentsSorted() {}
   virtual void AfterContentsSorted() {}

@@ -6,6 +6,7 @@
 #include <quilta/quilta.hpp>
 
 #include "edit/editor.hpp"
+#include "exchange/clipboard/context_menu.hpp"
 #include "exchange/exchange_site.hpp"
 #include "header/group_by_band.hpp"
 #include "header/header_strip.hpp"
@@ -330,8 +331,6 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     void ScrollPages(int32_t pages) override;
     Control& c;
   };
-  // In-cell editing, the clipboard and the context menu are not built yet: their keys do
-  // nothing until they are. The row hierarchy and virtual rows are real.
   struct CommandSiteImpl final : interaction::CommandSite {
     explicit CommandSiteImpl(Control& control) : c(control) {}
     bool IsEditing() override { return c.editor.IsEditing(); }
@@ -342,14 +341,44 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     bool CommitEdit() override { return !c.editor.Commit(true); }
     void CancelEdit() override { c.editor.Cancel(); }
     bool ToggleCheckBox(int32_t row, int32_t col) override;
-    void Copy(bool) override {}
-    void Cut() override {}
-    void Paste() override {}
-    void ClearSelectedCells() override {}
-    void ShowContextMenu(int32_t, int32_t) override {}
+    void Copy(bool withHeaders) override { c.clipboard.Copy(withHeaders); }
+    void Cut() override { c.clipboard.Cut(); }
+    void Paste() override { c.clipboard.Paste(); }
+    void ClearSelectedCells() override { c.clipboard.ClearSelected(); }
+    void ShowContextMenu(int32_t row, int32_t col) override { c.contextMenu.ShowForCell(row, col); }
+    void ShowContextMenuAt(int32_t, int32_t col, int32_t x, int32_t y) override {
+      c.contextMenu.Show(col, {x, y});
+    }
     void SetRowExpanded(int32_t row, bool expanded) override;
     void ExpandSubtree(int32_t row) override;
     bool EnsureVirtualRows(int32_t row) override { return c.store.EnsureVirtualRows(row); }
+    Control& c;
+  };
+
+  // ---- Clipboard and the built-in context menu: what they ask of the control.
+  struct ClipboardSiteImpl final : exchange::ClipboardSite {
+    explicit ClipboardSiteImpl(Control& control) : c(control) {}
+    QuiltaEvents* Events() override { return c.events; }
+    Platform& GetPlatform() override { return *c.platform; }
+    std::string CellText(int32_t row, int32_t colIndex) override {
+      return c.CellText(row, colIndex);
+    }
+    void EndEditing() override { c.EndEditing(); }
+    void BeginUpdate() override { c.BeginUpdate(); }
+    void EndUpdate() override { c.EndUpdate(); }
+    void StoreValue(int32_t row, int32_t colIndex, const Variant& value) override {
+      c.SetCellValue(row, colIndex, value);
+    }
+    const ComboObject* ComboListOf(int32_t row, int32_t colIndex) override {
+      return c.editSite.ComboListOf(row, colIndex);
+    }
+    void StoreComboListIndex(int32_t row, int32_t colIndex, int32_t index) override {
+      c.editSite.StoreComboListIndex(row, colIndex, index);
+    }
+    void AddColumns(int32_t count) override;
+    void AddRows(int32_t count) override;
+    void SortByColumn(int32_t colIndex, ESortOrders order) override;
+    Rect CellRect(int32_t row, int32_t colIndex) override;
     Control& c;
   };
 
@@ -430,6 +459,9 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
       selectionSite, keySearchCol, [this](int32_t r, int32_t c) { return CellText(r, c); }};
   interaction::KeyboardCommands keyboard{store,    props,       selection,    keySearch,
                                          viewSite, commandSite, selectionSite};
+  ClipboardSiteImpl clipboardSite{*this};
+  exchange::ClipboardCommands clipboard{store, props, selection, clipboardSite};
+  exchange::BuiltinContextMenu contextMenu{store, props, clipboard, clipboardSite};
   MouseSiteImpl mouseSite{*this};
   interaction::MouseHandler mouse{store,    props,       selection, selectionSite,
                                   viewSite, commandSite, mouseSite};

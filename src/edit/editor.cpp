@@ -174,12 +174,14 @@ void Editor::OpenTextBox(const std::string& text, int32_t maxLength, int32_t opt
 
 // ---- Committing and cancelling -----------------------------------------------------------
 
-VarType Editor::TargetType() const {
-  const VarType own = store_.CellAt(row_, col_).value.Type();
+VarType EditTargetType(const model::GridStore& store, int32_t row, int32_t colIndex) {
+  const VarType own = store.CellAt(row, colIndex).value.Type();
   if (own != vbEmpty && own != vbNull) return own;
-  const auto& column = store_.Cols().AtIndex(col_);
+  const auto& column = store.Cols().AtIndex(colIndex);
   return column.defaultCell ? column.defaultCell->vValue().Type() : vbString;
 }
+
+VarType Editor::TargetType() const { return EditTargetType(store_, row_, col_); }
 
 void Editor::ReportInvalid(const Conversion& c) {
   std::string description = c.description + ".";

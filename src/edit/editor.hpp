@@ -29,6 +29,9 @@ struct Conversion {
   std::string description;
 };
 Conversion ConvertEditText(const std::string& text, VarType type);
+// The type an edited text converts to: the cell's value type, else its column's default value
+// type, else String.
+VarType EditTargetType(const model::GridStore& store, int32_t row, int32_t colIndex);
 
 // What the editor needs from the grid around it.
 class EditSite {

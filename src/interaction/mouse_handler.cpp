@@ -11,11 +11,13 @@ void MouseHandler::Down(int16_t button, int16_t shift, Point at) {
   pressed_ = true;
   clickOnUp_ = true;
   deferred_ = false;
+  menuOnUp_ = false;
   pressShift_ = shift;
   lastPoint_ = at;
   if (!doDefault || (button != kLeft && button != kRight)) return;
   const MouseSite::Hit hit = site_.HitAt(at);
   pressHit_ = hit;
+  menuOnUp_ = button == kRight && hit.row >= 1;
   if (hit.row >= 1) Press(button, shift, hit);
 }
 
@@ -132,7 +134,8 @@ void MouseHandler::Up(int16_t button, int16_t shift, Point at) {
   const bool wasPressed = pressed_;
   const bool click = clickOnUp_;
   const bool deferred = deferred_;
-  pressed_ = clickOnUp_ = deferred_ = false;
+  const bool menu = menuOnUp_ && button == kRight;
+  pressed_ = clickOnUp_ = deferred_ = menuOnUp_ = false;
   StopDrag();
   // A release after a press the header strip took belongs to the header's own events.
   if (!wasPressed) return;
@@ -149,6 +152,9 @@ void MouseHandler::Up(int16_t button, int16_t shift, Point at) {
   }
   if (click)
     if (QuiltaEvents* ev = Events()) ev->Click();
+  const MouseSite::Hit& hit = pressHit_;
+  if (menu && hit.row <= store_.RowCount() && hit.col <= store_.Cols().RowTextCol())
+    commands_.ShowContextMenuAt(hit.row, hit.col, at.x, at.y);
 }
 
 void MouseHandler::DblClick(int16_t button, int16_t shift, Point at) {

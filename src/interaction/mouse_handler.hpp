@@ -98,6 +98,7 @@ class MouseHandler final : public TimerSink {
   bool deferred_ = false;   // the press left an existing selection as it was
   bool dragging_ = false;   // drag selection from the pressed cell
   bool timerOn_ = false;
+  bool menuOnUp_ = false;  // a right press on a cell: its release opens the context menu
   int16_t pressShift_ = 0;
   MouseSite::Hit pressHit_;
   int32_t dragRow_ = 0;

@@ -11,6 +11,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -50,6 +51,14 @@ class SelItems {
   void ForEach(F&& f) const {
     for (int32_t b = 0; b < kBuckets; ++b)
       for (uint32_t e = head_[b]; e; e = entries_[e].next) f(entries_[e].row, entries_[e].col);
+  }
+  // The columns of one row's items (in row mode, 1 for a selected row), most recent first. Walking
+  // rows in order this way visits a large selection far faster than the buckets do.
+  template <class F>
+  void ForEachInRow(int32_t row, F&& f) const {
+    if (row < 0 || static_cast<size_t>(row) >= rowHead_.size()) return;
+    for (uint32_t e = rowHead_[static_cast<size_t>(row)]; e; e = entries_[e].nextInRow)
+      f(entries_[e].col);
   }
   std::vector<SelItem> Items() const;
   // Items in row-then-column order.

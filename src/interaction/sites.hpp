@@ -59,6 +59,8 @@ class CommandSite {
   virtual void Paste() = 0;
   virtual void ClearSelectedCells() = 0;
   virtual void ShowContextMenu(int32_t row, int32_t col) = 0;
+  // A right click at a client point released over the cell it pressed.
+  virtual void ShowContextMenuAt(int32_t row, int32_t col, int32_t x, int32_t y) = 0;
   // Sets a row's expanded state as RowExpanded does (no events).
   virtual void SetRowExpanded(int32_t row, bool expanded) = 0;
   virtual void ExpandSubtree(int32_t row) = 0;
