@@ -53,6 +53,10 @@ struct Recordset::Reader {
     if (eof || bof) throw NoCurrentRecord();
     return cursor->Value(field);
   }
+  Variant CopyValue(int32_t field) const {
+    if (eof || bof) throw NoCurrentRecord();
+    return cursor->CopyValue(field);
+  }
   const FieldInfo& Field(int32_t i) {
     if (!baseNamesRead) {
       baseNamesRead = true;
@@ -78,7 +82,7 @@ class Recordset::FieldObject : public Dispatch {
   std::string TypeName() const override { return "Field"; }
   Variant Invoke(std::string_view member, InvokeKind, std::span<const Variant> args) override {
     // FillFromRS asks for the value once per cell: the cheap test comes first.
-    if (member == "Value" || SameName(member, "Value")) return reader_->Value(index_);
+    if (member == "Value" || SameName(member, "Value")) return reader_->CopyValue(index_);
     const FieldInfo& f = reader_->Field(index_);
     if (SameName(member, "Name")) return f.name;
     if (SameName(member, "Properties")) {

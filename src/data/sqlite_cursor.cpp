@@ -191,6 +191,7 @@ SqliteCursor::SqliteCursor(std::shared_ptr<SqliteConnection> connection, std::st
     kinds_.push_back(KindOf(sqlite3_column_decltype(s, i)));
   }
   row_.resize(static_cast<size_t>(n));
+  converted_.assign(static_cast<size_t>(n), 0);
 }
 
 int64_t SqliteCursor::Count() {
@@ -198,9 +199,18 @@ int64_t SqliteCursor::Count() {
   return count.Step() ? sqlite3_column_int64(count.Handle(), 0) : 0;
 }
 
-void SqliteCursor::ReadRow() {
-  sqlite3_stmt* s = stmt_.Handle();
-  for (size_t i = 0; i < row_.size(); ++i) row_[i] = ValueOf(s, static_cast<int>(i), kinds_[i]);
+const Variant& SqliteCursor::Value(int32_t field) const {
+  const auto i = static_cast<size_t>(field);
+  if (!converted_[i]) {
+    row_[i] = ValueOf(stmt_.Handle(), field, kinds_[i]);
+    converted_[i] = 1;
+  }
+  return row_[i];
+}
+
+Variant SqliteCursor::CopyValue(int32_t field) const {
+  const auto i = static_cast<size_t>(field);
+  return converted_[i] ? row_[i] : ValueOf(stmt_.Handle(), field, kinds_[i]);
 }
 
 bool SqliteCursor::Rewind() {
@@ -210,7 +220,7 @@ bool SqliteCursor::Rewind() {
 
 bool SqliteCursor::Advance() {
   if (!stmt_.Step()) return false;
-  ReadRow();
+  std::fill(converted_.begin(), converted_.end(), uint8_t{0});
   return true;
 }
 

@@ -48,21 +48,23 @@ class SqliteCursor final : public RowCursor {
   int64_t Count() override;
   bool Rewind() override;
   bool Advance() override;
-  const Variant& Value(int32_t field) const override { return row_[static_cast<size_t>(field)]; }
+  const Variant& Value(int32_t field) const override;
+  Variant CopyValue(int32_t field) const override;
 
   // How a column's values become Variants, from its declared type.
   enum class Kind : uint8_t { Plain, Boolean, Date, Double, Currency };
 
  private:
-  void ReadRow();
-
   std::shared_ptr<SqliteConnection> connection_;
   std::string sql_;
   std::vector<Variant> params_;
   SqliteStatement stmt_;
   std::vector<FieldInfo> fields_;
   std::vector<Kind> kinds_;
-  std::vector<Variant> row_;
+  // The current record's values, converted when first asked for: a fill that copies every
+  // value out once never needs them.
+  mutable std::vector<Variant> row_;
+  mutable std::vector<uint8_t> converted_;
 };
 
 }  // namespace quilta::data

@@ -33,6 +33,9 @@ class RowCursor {
   virtual bool Advance() = 0;
   // A value of the current record.
   virtual const Variant& Value(int32_t field) const = 0;
+  // The same value as a Variant of its own. A cursor that reads straight from its driver makes
+  // it there, saving the copy of a cached one (a fill asks once per cell).
+  virtual Variant CopyValue(int32_t field) const { return Value(field); }
 };
 
 class Recordset : public Dispatch, public std::enable_shared_from_this<Recordset> {
