@@ -63,12 +63,14 @@ void Control::ColumnsInserted(int32_t index, int32_t count) {
   headerStrip.Reset();  // the strip tracks columns by index, and indexes moved
   grouping.ColumnsInserted(index, count);
   selection.ColumnsInserted(index, count);
+  editor.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
   headerStrip.Reset();
   grouping.ColumnsRemoving(index, count);
   selection.ColumnsRemoved(index, count);
+  editor.ColumnsRemoved(index, count);
 }
 
 // Rows from `row` on changed places: a row pass held back by BeginUpdate for a row below them
@@ -81,17 +83,20 @@ void Control::RowsInserted(int32_t row, int32_t count) {
   PendingPassFrom(row);
   grouping.RowsInserted(row, count);
   selection.RowsInserted(row, count);
+  editor.RowsInserted(row, count);
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
   PendingPassFrom(row);
   grouping.RowsRemoving(row, count);
   selection.RowsRemoved(row, count, false);
+  editor.RowsRemoved(row, count);
 }
 
 void Control::RowsTruncated(int32_t row, int32_t count) {
   PendingPassFrom(row);
   selection.RowsRemoved(row, count, true);
+  editor.RowsRemoved(row, count);
 }
 
 void Control::RowsCleared(bool columnsToo) {
@@ -101,6 +106,7 @@ void Control::RowsCleared(bool columnsToo) {
   }
   grouping.RowsCleared();
   selection.RowsCleared();
+  editor.Drop();
 }
 
 bool Control::RequestRow(int32_t row) {

@@ -80,8 +80,14 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void SetCurrentCell(int32_t row, int32_t col) { selection.PlaceCurrent(row, col); }
   int32_t CurRow() const { return selection.CurRow(); }
   int32_t CurCol() const { return selection.CurCol(); }
-  void RememberSelection() { selection.BeforeReorder(); }
-  void RestoreSelection() { selection.AfterReorder(); }
+  void RememberSelection() {
+    selection.BeforeReorder();
+    editor.BeforeReorder();
+  }
+  void RestoreSelection() {
+    selection.AfterReorder();
+    editor.AfterReorder();
+  }
   // Where a printable character goes when no edit is open: key search or the editor.
   void CharacterTyped(int32_t charCode);
 
