@@ -205,6 +205,7 @@ int32_t PredictSetColCount(ReferenceModel& m, const Call& k) {
 
 int32_t PredictSetColKey(ReferenceModel& m, const Call& k) {
   if (k.a < 1 || k.a > m.ColCount() + 1) throw ExpectedError{513};
+  if (k.a == m.ColCount() + 1) return 0;
   const std::string lower = text::ToLower(k.s);
   for (int32_t c = 1; c <= m.ColCount(); ++c)
     if (c != k.a && !lower.empty() && text::ToLower(m.colKeys[c - 1]) == lower)
@@ -247,8 +248,11 @@ std::string AdoptSort(ReferenceModel& m, const GridSnapshot& after, const Call& 
         return "a tree sort moved row id " + to_string(m.rows[i].id) + " to another parent";
     return "";
   }
-  bool allLongs = true;
-  for (const RowState& r : m.rows) allLongs = allLongs && r.values[col - 1].Type() == vbLong;
+  // Rows of a tree keep their subtrees: the plain order is checked on flat grids only, and not
+  // for the row-text column, which sorts only when given a sort type.
+  bool allLongs = col <= m.ColCount();
+  for (const RowState& r : m.rows)
+    allLongs = allLongs && r.values[col - 1].Type() == vbLong && r.level == 0;
   for (size_t i = 1; allLongs && i < m.rows.size(); ++i)
     if (m.rows[i - 1].values[col - 1].LongValue() > m.rows[i].values[col - 1].LongValue())
       return "rows " + to_string(i) + " and " + to_string(i + 1) + " are out of order";
@@ -544,7 +548,11 @@ void AddColumnCalls(RandomCallTable& t) {
     k.s = ColKey(rng);
     return k;
   };
-  key.run = [](Quilta& g, const Call& k) { return g.SetColKey(k.a, k.s), 0; };
+  // The row-text column's key is not kept by the model: the call leaves it alone.
+  key.run = [](Quilta& g, const Call& k) {
+    if (k.a != g.RowTextCol()) g.SetColKey(k.a, k.s);
+    return 0;
+  };
   key.predict = PredictSetColKey;
   key.show = [](const Call& k) { return "SetColKey(" + to_string(k.a) + ", \"" + k.s + "\")"; };
   t.Add(key);
@@ -754,6 +762,7 @@ void PrepareGrid(Quilta& grid, ReferenceModel& model) {
   for (const char* key : {"a", "b", "c"}) grid.AddCol({.sKey = key});
   model = ReferenceModel{};
   model.colKeys = {"a", "b", "c"};
+  model.colDefaults.assign(4, Variant());
   model.multiSelect = grid.MultiSelect();
   model.rowMode = grid.RowMode();
 }

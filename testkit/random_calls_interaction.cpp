@@ -508,7 +508,8 @@ CallKind MouseCall() {
   k.expect = [](const ReferenceModel&, const Call&) { return 0; };
   // A click on the header sorts by its column.
   k.adopt = [](ReferenceModel& m, const GridSnapshot& after, const Call& c) {
-    if (c.a == kHeader)
+    // (A cell scrolled out of view may put the point on the header too.)
+    if (c.a != kOutside)
       if (std::string complaint = AdoptOrder(m, after); !complaint.empty()) return complaint;
     return AdoptKeyOrMouse(m, after, c);
   };

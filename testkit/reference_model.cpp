@@ -77,7 +77,7 @@ RowState ReferenceModel::NewRow(int32_t id) const {
   RowState row;
   row.id = id;
   row.height = 18;
-  row.values.assign(static_cast<size_t>(ColCount()) + 1, Variant());
+  row.values = colDefaults;
   row.selected.assign(static_cast<size_t>(ColCount()) + 1, false);
   return row;
 }
@@ -87,6 +87,7 @@ void ReferenceModel::InsertColumns(int32_t index, int32_t count) {
   if (curCol >= index) curCol += count;
   if (editCol >= index) editCol += count;
   colKeys.insert(colKeys.begin() + (index - 1), static_cast<size_t>(count), std::string());
+  colDefaults.insert(colDefaults.begin() + (index - 1), static_cast<size_t>(count), Variant());
   for (RowState& row : rows) {
     // In row mode the new cells of a selected row are selected too.
     const bool selectedRow =
@@ -101,6 +102,7 @@ void ReferenceModel::EraseColumns(int32_t index, int32_t count) {
   curCol = curCol >= index + count ? curCol - count : curCol >= index ? 0 : curCol;
   editCol = editCol >= index + count ? editCol - count : editCol >= index ? 0 : editCol;
   colKeys.erase(colKeys.begin() + (index - 1), colKeys.begin() + (index - 1 + count));
+  colDefaults.erase(colDefaults.begin() + (index - 1), colDefaults.begin() + (index - 1 + count));
   for (RowState& row : rows) {
     row.values.erase(row.values.begin() + (index - 1), row.values.begin() + (index - 1 + count));
     row.selected.erase(row.selected.begin() + (index - 1),

@@ -24,6 +24,7 @@ class ReferenceModel {
  public:
   std::vector<RowState> rows;
   std::vector<std::string> colKeys;
+  std::vector<Variant> colDefaults;  // the default cells' values, columns 1..RowTextCol
   int32_t treeCol = 0;
   bool autoTreeButton = false;
   int32_t updateCount = 0;
@@ -35,6 +36,7 @@ class ReferenceModel {
   int32_t editId = 0;
   int32_t editCol = 0;
   bool multiSelect = false;
+  bool allowSorting = true;
   bool rowMode = false;
 
   GridSnapshot Expected() const;

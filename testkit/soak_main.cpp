@@ -30,6 +30,7 @@ int main(int argc, char** argv) {
     if (auto d = tester.Run(seed, steps, made)) {
       std::printf("DIVERGENCE with seed %llu after call %zu: %s\n",
                   static_cast<unsigned long long>(seed), d->step + 1, d->what.c_str());
+      std::printf("the call: %s\n", tester.Show({made[d->step]}).c_str());
       const auto shortened = tester.Shrink(made);
       const auto again = tester.Replay(shortened);
       std::printf("shortened to %zu calls (%s):\n%s", shortened.size(),
