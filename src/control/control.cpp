@@ -105,6 +105,7 @@ void Control::RowsCleared(bool columnsToo) {
     headerStrip.Reset();
   }
   grouping.RowsCleared();
+  if (columnsToo) grouping.ColumnsCleared();
   selection.RowsCleared();
   editor.Drop();
 }

@@ -252,6 +252,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     std::string CellText(int32_t row, int32_t col) override { return c.CellText(row, col); }
     int32_t CurrentRowPhys() override;
     void SetCurrentRowPhys(int32_t phys) override;
+    void RememberSelection() override { c.RememberSelection(); }
+    void RestoreSelection() override { c.RestoreSelection(); }
     void RowsRelaidOut() override { c.RelayoutAll(); }
     void RequestRedraw() override { c.RequestRedraw(); }
     Control& c;

@@ -652,7 +652,9 @@ void Selection::AfterReorder() {
   model::RowStore& rows = store_.Rows();
   items_.Clear();
   items_.Reserve(static_cast<int64_t>(reorderItems_.size()));
-  for (const PhysItem& item : reorderItems_) items_.Add(rows.RowOfPhys(item.phys), item.col);
+  // A row that went (a group row removed by regrouping) takes its item with it.
+  for (const PhysItem& item : reorderItems_)
+    if (const int32_t row = rows.RowOfPhys(item.phys)) items_.Add(row, item.col);
   if (reorderAnchorPhys_) anchorRow_ = rows.RowOfPhys(reorderAnchorPhys_);
   lastRange_ = {};
   std::vector<PhysItem>().swap(reorderItems_);
