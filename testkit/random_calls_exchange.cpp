@@ -130,12 +130,19 @@ int32_t RunGroupSession(Quilta& g, const Call& c) {
 std::string AdoptGroupSession(ReferenceModel& m, const GridSnapshot& after, const Call& c) {
   std::vector<CellChange> changes =
       ChangesFor(Ids(m.rows), m.ColCount(), static_cast<uint64_t>(c.b));
+  // (Levels that start above 0 or jump sort as entries of their own: proper trees only.)
+  bool properTree = true;
+  for (int32_t r = 1; r <= m.RowCount(); ++r)
+    properTree = properTree && m.Row(r).level <= (r == 1 ? 0 : m.Row(r - 1).level + 1);
   if (std::string complaint = AdoptOrder(m, after); !complaint.empty()) return complaint;
   // Grouping shows the rows under expanded parents again: visible-as-child follows the tree.
   for (size_t i = 0; i < m.rows.size(); ++i)
     m.rows[i].visibleAsChild = after.rows[i].visibleAsChild;
   // Grouping sorts by the first column; the runs of equal whole numbers stay together.
-  const int32_t first = m.allowSorting ? c.s[0] - '0' : 0;
+  int32_t first = m.allowSorting && properTree ? c.s[0] - '0' : 0;
+  for (int32_t r = 1; r <= m.RowCount() && first > 0; ++r)  // whole numbers only
+    if (m.Row(r).level == 0 && m.Row(r).values[static_cast<size_t>(first) - 1].Type() != vbLong)
+      first = 0;
   std::set<int32_t> done;
   Variant previous;
   for (int32_t r = 1; r <= m.RowCount() && first > 0; ++r) {

@@ -95,8 +95,10 @@ CallKind SetCellSelectedCall() {
     if (m.multiSelect && !m.rowMode && now != (c.a != 0))
       return "CellSelected(" + to_string(row) + ", " + to_string(col) + ") reads " + Flag(now) +
              " after it was set to " + Flag(c.a);
-    // (A grid without columns keeps its selection where it is.)
-    if (!m.multiSelect && c.a && m.ColCount() > 0 &&
+    // (A grid without columns keeps its selection where it is, so a cell can stay selected
+    // away from the current one; selecting it again then changes nothing.)
+    const bool already = m.Row(row).selected[static_cast<size_t>(col) - 1];
+    if (!m.multiSelect && c.a && !already && m.ColCount() > 0 &&
         (after.curRow != row || (!m.rowMode && after.curCol != col)))
       return std::string("selecting a cell in single selection did not make it current");
     return AdoptUserAction(m, after, {});

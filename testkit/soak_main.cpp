@@ -35,6 +35,7 @@ int main(int argc, char** argv) {
       const auto again = tester.Replay(shortened);
       std::printf("shortened to %zu calls (%s):\n%s", shortened.size(),
                   again ? again->what.c_str() : "no longer fails", tester.Show(shortened).c_str());
+      std::fflush(stdout);  // the sanitizers' report at exit must not swallow it
       return 1;
     }
     calls += made.size();
