@@ -480,8 +480,12 @@ void Selection::LeaveMultiSelect() {
     } else {
       SetCellSelState(curRow_, curCol_, true, true, true);
     }
-    if (rowMode || store_.CellAt(curRow_, curCol_).Selected())
-      items_.Add(curRow_, rowMode ? 1 : curCol_);
+    // A row with no cell that takes part (a grid without columns) selects nothing: no item.
+    bool selected = false;
+    for (int32_t col = rowMode ? 1 : curCol_;
+         col <= (rowMode ? store_.Cols().RowTextCol() : curCol_); ++col)
+      selected = selected || store_.CellAt(curRow_, col).Selected();
+    if (selected) items_.Add(curRow_, rowMode ? 1 : curCol_);
   }
   RaiseAfterIfOwed(true);
 }

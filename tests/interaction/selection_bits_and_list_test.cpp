@@ -87,5 +87,19 @@ TEST(SelectionBitsAndList, TogglingARowOffInRowModeClearsItsRowTextCellToo) {
   EXPECT_EQ(SelectedBits(g), 0);
 }
 
+TEST(SelectionBitsAndList, LeavingMultiSelectListsNoRowThatSelectsNothing) {
+  Quilta g;
+  g.AddCol();
+  g.AddRow({.lCount = 7});
+  g.SetMultiSelect(true);
+  g.SetCurCell(1, 1);
+  g.RemoveCol(1);  // no columns left: in row mode no cell of the current row takes part
+  g.SetColCellsProp(1, quPropCellSelected, true, 6);
+  g.SetRowMode(true);
+  g.SetMultiSelect(false);
+  EXPECT_EQ(g.SelItems().Count(), 0);
+  ExpectConsistent(g);
+}
+
 }  // namespace
 }  // namespace quilta::testing
