@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "control/internals_access.hpp"
+
 namespace quilta::testkit {
 
 using std::to_string;
@@ -32,10 +34,24 @@ GridSnapshot TakeSnapshot(const Quilta& grid) {
     row.visible = grid.RowVisible(r);
     row.treeButton = grid.RowTreeButton(r);
     row.height = grid.RowHeight(r);
-    for (int32_t c = 1; c <= grid.RowTextCol(); ++c) row.values.push_back(grid.CellValue(r, c));
+    for (int32_t c = 1; c <= grid.RowTextCol(); ++c) {
+      row.values.push_back(grid.CellValue(r, c));
+      row.selected.push_back(grid.CellSelected(r, c));
+    }
   }
   s.curRow = grid.CurRow();
   s.beginUpdateCount = grid.BeginUpdateCount();
+  s.editing = grid.IsEditing();
+  s.multiSelect = grid.MultiSelect();
+  s.rowMode = grid.RowMode();
+  s.curCol = grid.CurCol();
+  if (s.editing) {
+    const control::Control& c = control::Internals(const_cast<Quilta&>(grid));
+    s.editRow = c.editor.Row();
+    s.editCol = c.editor.Col();
+  }
+  s.selItems = grid.SelItems().GetArray();
+  s.selCount = grid.SelItems().Count();
   return s;
 }
 
@@ -60,6 +76,10 @@ std::string RowDifference(const RowState& e, const RowState& a) {
     if (!(e.values[c] == a.values[c]))
       return "column " + to_string(c + 1) + " value " + Show(e.values[c]) + " vs " +
              Show(a.values[c]);
+  for (size_t c = 0; c < e.selected.size() && c < a.selected.size(); ++c)
+    if (e.selected[c] != a.selected[c])
+      return "column " + to_string(c + 1) + " selected " + to_string(e.selected[c]) + " vs " +
+             to_string(a.selected[c]);
   return "";
 }
 
@@ -83,6 +103,12 @@ std::string FirstDifference(const GridSnapshot& e, const GridSnapshot& a) {
     if (!d.empty()) return "row " + to_string(r + 1) + ": " + d + " (expected vs found)";
   }
   if (e.curRow != a.curRow) return "CurRow " + to_string(e.curRow) + " vs " + to_string(a.curRow);
+  if (e.editing != a.editing)
+    return "IsEditing " + to_string(e.editing) + " vs " + to_string(a.editing);
+  if (e.multiSelect != a.multiSelect)
+    return "MultiSelect " + to_string(e.multiSelect) + " vs " + to_string(a.multiSelect);
+  if (e.rowMode != a.rowMode)
+    return "RowMode " + to_string(e.rowMode) + " vs " + to_string(a.rowMode);
   if (e.beginUpdateCount != a.beginUpdateCount)
     return "BeginUpdateCount " + to_string(e.beginUpdateCount) + " vs " +
            to_string(a.beginUpdateCount);

@@ -20,6 +20,7 @@ struct RowState {
   int32_t treeButton = 0;
   int32_t height = 0;
   std::vector<Variant> values;  // columns 1..RowTextCol
+  std::vector<bool> selected;   // the cells' selected bits, columns 1..RowTextCol
   bool operator==(const RowState&) const = default;
 };
 
@@ -28,6 +29,14 @@ struct GridSnapshot {
   std::vector<RowState> rows;
   int32_t curRow = 0;
   int32_t beginUpdateCount = 0;
+  bool editing = false;
+  bool multiSelect = false;
+  bool rowMode = false;
+  // Read for the checks of calls whose effect is the grid's own choice; never compared.
+  int32_t curCol = 0;
+  int32_t editRow = 0, editCol = 0;    // the cell being edited, while editing
+  std::vector<TSelItemInfo> selItems;  // SelItems.GetArray, in its sorted order
+  int32_t selCount = 0;
   bool operator==(const GridSnapshot&) const = default;
 };
 

@@ -6,10 +6,9 @@
 #include <string>
 
 #include "model/text/text.hpp"
+#include "random_calls_support.hpp"
 
 namespace quilta::testkit {
-namespace {
-
 using std::to_string;
 
 int Pick(Rng& rng, int lo, int hi) { return std::uniform_int_distribution<int>(lo, hi)(rng); }
@@ -72,6 +71,27 @@ int32_t Count(Rng& rng) {
 
 std::string ShowRef(const Variant& v) { return v.IsMissing() ? "Missing" : Show(v); }
 
+std::vector<int32_t> Ids(const std::vector<RowState>& rows) {
+  std::vector<int32_t> ids;
+  for (const RowState& r : rows) ids.push_back(r.id);
+  return ids;
+}
+
+// The grid's rows are the model's rows in some order; the model takes that order.
+std::string AdoptOrder(ReferenceModel& m, const GridSnapshot& after) {
+  std::vector<int32_t> want = Ids(m.rows), got = Ids(after.rows);
+  std::sort(want.begin(), want.end());
+  std::sort(got.begin(), got.end());
+  if (want != got) return "the rows after the call are not the rows before it";
+  std::map<int32_t, RowState> byId;
+  for (RowState& r : m.rows) byId[r.id] = std::move(r);
+  m.rows.clear();
+  for (const RowState& r : after.rows) m.rows.push_back(byId[r.id]);
+  return "";
+}
+
+namespace {
+
 // ---- Predictions --------------------------------------------------------------------------------
 
 int32_t PredictAddRow(ReferenceModel& m, const Call& k) {
@@ -117,7 +137,11 @@ int32_t PredictRemoveRow(ReferenceModel& m, const Call& k) {
     return 0;
   }
   const int32_t parent = m.ParentOf(r);
+  // A current row inside the removed block moves to current row - count, before the block.
+  const int32_t cur = m.RowOfId(m.curId);
+  const bool curInside = cur > r && cur < r + count;
   m.rows.erase(m.rows.begin() + (r - 1), m.rows.begin() + (r - 1 + count));
+  if (curInside) m.curId = cur - count >= 1 ? m.Row(cur - count).id : 0;
   if (parent && m.Row(parent).treeButton == quRowTreeButtonVisible && !m.HasChildren(parent))
     m.Row(parent).treeButton = quRowTreeButtonHidden;
   return 0;
@@ -175,11 +199,13 @@ int32_t PredictSetColCount(ReferenceModel& m, const Call& k) {
   if (k.a < 0) throw ExpectedError{514};
   if (k.a < m.ColCount()) m.EraseColumns(k.a + 1, m.ColCount() - k.a);
   if (k.a > m.ColCount()) m.InsertColumns(m.ColCount() + 1, k.a - m.ColCount());
+  if (k.a == 0) m.curId = 0;  // a grid without columns has no current cell
   return 0;
 }
 
 int32_t PredictSetColKey(ReferenceModel& m, const Call& k) {
   if (k.a < 1 || k.a > m.ColCount() + 1) throw ExpectedError{513};
+  if (k.a == m.ColCount() + 1) return 0;
   const std::string lower = text::ToLower(k.s);
   for (int32_t c = 1; c <= m.ColCount(); ++c)
     if (c != k.a && !lower.empty() && text::ToLower(m.colKeys[c - 1]) == lower)
@@ -189,25 +215,6 @@ int32_t PredictSetColKey(ReferenceModel& m, const Call& k) {
 }
 
 // ---- Calls whose exact result is the grid's own choice ------------------------------------------
-
-std::vector<int32_t> Ids(const std::vector<RowState>& rows) {
-  std::vector<int32_t> ids;
-  for (const RowState& r : rows) ids.push_back(r.id);
-  return ids;
-}
-
-// The grid's rows are the model's rows in some order; the model takes that order.
-std::string AdoptOrder(ReferenceModel& m, const GridSnapshot& after) {
-  std::vector<int32_t> want = Ids(m.rows), got = Ids(after.rows);
-  std::sort(want.begin(), want.end());
-  std::sort(got.begin(), got.end());
-  if (want != got) return "the rows after the call are not the rows before it";
-  std::map<int32_t, RowState> byId;
-  for (RowState& r : m.rows) byId[r.id] = std::move(r);
-  m.rows.clear();
-  for (const RowState& r : after.rows) m.rows.push_back(byId[r.id]);
-  return "";
-}
 
 std::vector<int32_t> ParentIds(const ReferenceModel& m) {
   std::vector<int32_t> parents;
@@ -241,8 +248,11 @@ std::string AdoptSort(ReferenceModel& m, const GridSnapshot& after, const Call& 
         return "a tree sort moved row id " + to_string(m.rows[i].id) + " to another parent";
     return "";
   }
-  bool allLongs = true;
-  for (const RowState& r : m.rows) allLongs = allLongs && r.values[col - 1].Type() == vbLong;
+  // Rows of a tree keep their subtrees: the plain order is checked on flat grids only, and not
+  // for the row-text column, which sorts only when given a sort type.
+  bool allLongs = col <= m.ColCount();
+  for (const RowState& r : m.rows)
+    allLongs = allLongs && r.values[col - 1].Type() == vbLong && r.level == 0;
   for (size_t i = 1; allLongs && i < m.rows.size(); ++i)
     if (m.rows[i - 1].values[col - 1].LongValue() > m.rows[i].values[col - 1].LongValue())
       return "rows " + to_string(i) + " and " + to_string(i + 1) + " are out of order";
@@ -538,7 +548,11 @@ void AddColumnCalls(RandomCallTable& t) {
     k.s = ColKey(rng);
     return k;
   };
-  key.run = [](Quilta& g, const Call& k) { return g.SetColKey(k.a, k.s), 0; };
+  // The row-text column's key is not kept by the model: the call leaves it alone.
+  key.run = [](Quilta& g, const Call& k) {
+    if (k.a != g.RowTextCol()) g.SetColKey(k.a, k.s);
+    return 0;
+  };
   key.predict = PredictSetColKey;
   key.show = [](const Call& k) { return "SetColKey(" + to_string(k.a) + ", \"" + k.s + "\")"; };
   t.Add(key);
@@ -720,6 +734,8 @@ const RandomCallTable& RandomCallTable::ForGrid() {
     AddColumnCalls(t);
     AddTreeCalls(t);
     AddOrderAndUpdateCalls(t);
+    AddInteractionCalls(t);
+    AddExchangeCalls(t);
     return t;
   }();
   return table;
@@ -746,6 +762,9 @@ void PrepareGrid(Quilta& grid, ReferenceModel& model) {
   for (const char* key : {"a", "b", "c"}) grid.AddCol({.sKey = key});
   model = ReferenceModel{};
   model.colKeys = {"a", "b", "c"};
+  model.colDefaults.assign(4, Variant());
+  model.multiSelect = grid.MultiSelect();
+  model.rowMode = grid.RowMode();
 }
 
 }  // namespace quilta::testkit

@@ -31,6 +31,15 @@ struct Call {
 // What a host's handler throws in the random calls that attach one.
 struct HostHandlerFailure {};
 
+// Thrown by a call's own checks while it runs (a rule the grid broke in the middle of a compound
+// call); reported as a divergence.
+struct Complaint {
+  std::string what;
+};
+
+// What `expect` returns when the call may fail or succeed as the grid decides.
+inline constexpr int32_t kAnyOutcome = -2;
+
 struct CallKind {
   std::string name;
   int weight = 1;
@@ -44,13 +53,18 @@ struct CallKind {
   // Instead of predict: checks the grid's state after a successful call against the model before
   // it, takes the grid's choices into the model, and returns a complaint or "".
   std::function<std::string(ReferenceModel&, const GridSnapshot&, const Call&)> adopt;
+  // With adopt: the error the call must raise (0 for none, -1 for the host's handler failure), or
+  // kAnyOutcome. Missing: not checked.
+  std::function<int32_t(const ReferenceModel&, const Call&)> expect;
   std::function<std::string(const Call&)> show;
 };
 
 class RandomCallTable {
  public:
   // Every call of the subsystems that exist: store, cells, keys, tree, sort, MoveRow,
-  // collapse/expand, row and column counts, clear, update suspension.
+  // collapse/expand, row and column counts, clear, update suspension; selection, keyboard, key
+  // search, editing, the mouse; grouping, layout strings, column layout, default cells,
+  // properties and the clipboard.
   static const RandomCallTable& ForGrid();
 
   void Add(CallKind kind);

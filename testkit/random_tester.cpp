@@ -16,10 +16,15 @@ std::string RandomTester::Step(Quilta& grid, ReferenceModel& model, const Call& 
     code = e.Code();
   } catch (const HostHandlerFailure&) {
     code = -1;  // only calls whose result the tester checks afterwards attach throwing handlers
+  } catch (const Complaint& c) {
+    return c.what;
   } catch (const std::exception& e) {
     return std::string("threw something other than quilta::Error: ") + e.what();
   }
   if (kind.adopt) {
+    const int32_t expected = kind.expect ? kind.expect(model, call) : kAnyOutcome;
+    if (expected != kAnyOutcome && code != expected)
+      return "raised " + to_string(code) + " where " + to_string(expected) + " was expected";
     if (code == 0) {
       const std::string complaint = kind.adopt(model, TakeSnapshot(grid), call);
       if (!complaint.empty()) return complaint;
@@ -39,7 +44,10 @@ std::string RandomTester::Step(Quilta& grid, ReferenceModel& model, const Call& 
       return "returned " + to_string(result) + " where " + to_string(expectedResult) +
              " was expected";
   }
-  const std::string difference = FirstDifference(model.Expected(), TakeSnapshot(grid));
+  const GridSnapshot now = TakeSnapshot(grid);
+  // Any call that succeeds may end an edit in progress (cancelling it); none may start one.
+  if (code == 0 && model.editing && !now.editing) model.editing = false;
+  const std::string difference = FirstDifference(model.Expected(), now);
   if (!difference.empty())
     return (code ? "failed with " + to_string(code) + " but changed the grid: " : "") + difference;
   const std::vector<std::string> problems = checker_.Run(grid);

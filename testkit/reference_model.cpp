@@ -1,5 +1,6 @@
 #include "reference_model.hpp"
 
+#include <algorithm>
 #include <cmath>
 #include <quilta/error.hpp>
 
@@ -11,6 +12,25 @@ int32_t ReferenceModel::RowOfKey(const std::string& key) const {
   if (key.empty()) return 0;
   for (int32_t r = 1; r <= RowCount(); ++r)
     if (Row(r).key == key) return r;
+  return 0;
+}
+
+GridSnapshot ReferenceModel::Expected() const {
+  GridSnapshot s;
+  s.colKeys = colKeys;
+  s.rows = rows;
+  s.curRow = RowOfId(curId);
+  s.beginUpdateCount = updateCount;
+  s.editing = editing;
+  s.multiSelect = multiSelect;
+  s.rowMode = rowMode;
+  return s;
+}
+
+int32_t ReferenceModel::RowOfId(int32_t id) const {
+  if (id == 0) return 0;
+  for (int32_t r = 1; r <= RowCount(); ++r)
+    if (Row(r).id == id) return r;
   return 0;
 }
 
@@ -57,20 +77,37 @@ RowState ReferenceModel::NewRow(int32_t id) const {
   RowState row;
   row.id = id;
   row.height = 18;
-  row.values.assign(static_cast<size_t>(ColCount()) + 1, Variant());
+  row.values = colDefaults;
+  row.selected.assign(static_cast<size_t>(ColCount()) + 1, false);
   return row;
 }
 
 void ReferenceModel::InsertColumns(int32_t index, int32_t count) {
+  // The current and the edited cell follow their columns.
+  if (curCol >= index) curCol += count;
+  if (editCol >= index) editCol += count;
   colKeys.insert(colKeys.begin() + (index - 1), static_cast<size_t>(count), std::string());
-  for (RowState& row : rows)
+  colDefaults.insert(colDefaults.begin() + (index - 1), static_cast<size_t>(count), Variant());
+  for (RowState& row : rows) {
+    // In row mode the new cells of a selected row are selected too.
+    const bool selectedRow =
+        rowMode && std::find(row.selected.begin(), row.selected.end(), true) != row.selected.end();
     row.values.insert(row.values.begin() + (index - 1), static_cast<size_t>(count), Variant());
+    row.selected.insert(row.selected.begin() + (index - 1), static_cast<size_t>(count),
+                        selectedRow);
+  }
 }
 
 void ReferenceModel::EraseColumns(int32_t index, int32_t count) {
+  curCol = curCol >= index + count ? curCol - count : curCol >= index ? 0 : curCol;
+  editCol = editCol >= index + count ? editCol - count : editCol >= index ? 0 : editCol;
   colKeys.erase(colKeys.begin() + (index - 1), colKeys.begin() + (index - 1 + count));
-  for (RowState& row : rows)
+  colDefaults.erase(colDefaults.begin() + (index - 1), colDefaults.begin() + (index - 1 + count));
+  for (RowState& row : rows) {
     row.values.erase(row.values.begin() + (index - 1), row.values.begin() + (index - 1 + count));
+    row.selected.erase(row.selected.begin() + (index - 1),
+                       row.selected.begin() + (index - 1 + count));
+  }
 }
 
 }  // namespace quilta::testkit

@@ -24,12 +24,23 @@ class ReferenceModel {
  public:
   std::vector<RowState> rows;
   std::vector<std::string> colKeys;
+  std::vector<Variant> colDefaults;  // the default cells' values, columns 1..RowTextCol
   int32_t treeCol = 0;
   bool autoTreeButton = false;
   int32_t updateCount = 0;
   int32_t nextId = 1;  // the first id of the next rows made
+  // The current cell and an edit in progress follow their rows: kept by row id (0 for none).
+  int32_t curId = 0;
+  int32_t curCol = 0;
+  bool editing = false;
+  int32_t editId = 0;
+  int32_t editCol = 0;
+  bool multiSelect = false;
+  bool allowSorting = true;
+  bool rowMode = false;
 
-  GridSnapshot Expected() const { return {colKeys, rows, 0, updateCount}; }
+  GridSnapshot Expected() const;
+  int32_t RowOfId(int32_t id) const;
   int32_t RowCount() const { return static_cast<int32_t>(rows.size()); }
   int32_t ColCount() const { return static_cast<int32_t>(colKeys.size()); }
   RowState& Row(int32_t r) { return rows[static_cast<size_t>(r) - 1]; }

@@ -30,10 +30,12 @@ int main(int argc, char** argv) {
     if (auto d = tester.Run(seed, steps, made)) {
       std::printf("DIVERGENCE with seed %llu after call %zu: %s\n",
                   static_cast<unsigned long long>(seed), d->step + 1, d->what.c_str());
+      std::printf("the call: %s\n", tester.Show({made[d->step]}).c_str());
       const auto shortened = tester.Shrink(made);
       const auto again = tester.Replay(shortened);
       std::printf("shortened to %zu calls (%s):\n%s", shortened.size(),
                   again ? again->what.c_str() : "no longer fails", tester.Show(shortened).c_str());
+      std::fflush(stdout);  // the sanitizers' report at exit must not swallow it
       return 1;
     }
     calls += made.size();

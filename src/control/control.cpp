@@ -64,6 +64,7 @@ void Control::ColumnsInserted(int32_t index, int32_t count) {
   groupByBand.Reset();
   grouping.ColumnsInserted(index, count);
   selection.ColumnsInserted(index, count);
+  editor.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
@@ -71,6 +72,7 @@ void Control::ColumnsRemoved(int32_t index, int32_t count) {
   groupByBand.Reset();
   grouping.ColumnsRemoving(index, count);
   selection.ColumnsRemoved(index, count);
+  editor.ColumnsRemoved(index, count);
 }
 
 // Rows from `row` on changed places: a row pass held back by BeginUpdate for a row below them
@@ -83,17 +85,20 @@ void Control::RowsInserted(int32_t row, int32_t count) {
   PendingPassFrom(row);
   grouping.RowsInserted(row, count);
   selection.RowsInserted(row, count);
+  editor.RowsInserted(row, count);
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
   PendingPassFrom(row);
   grouping.RowsRemoving(row, count);
   selection.RowsRemoved(row, count, false);
+  editor.RowsRemoved(row, count);
 }
 
 void Control::RowsTruncated(int32_t row, int32_t count) {
   PendingPassFrom(row);
   selection.RowsRemoved(row, count, true);
+  editor.RowsRemoved(row, count);
 }
 
 void Control::RowsCleared(bool columnsToo) {
@@ -103,7 +108,9 @@ void Control::RowsCleared(bool columnsToo) {
     groupByBand.Reset();
   }
   grouping.RowsCleared();
+  if (columnsToo) grouping.ColumnsCleared();
   selection.RowsCleared();
+  editor.Drop();
 }
 
 bool Control::RequestRow(int32_t row) {

@@ -83,8 +83,14 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   void SetCurrentCell(int32_t row, int32_t col) { selection.PlaceCurrent(row, col); }
   int32_t CurRow() const { return selection.CurRow(); }
   int32_t CurCol() const { return selection.CurCol(); }
-  void RememberSelection() { selection.BeforeReorder(); }
-  void RestoreSelection() { selection.AfterReorder(); }
+  void RememberSelection() {
+    selection.BeforeReorder();
+    editor.BeforeReorder();
+  }
+  void RestoreSelection() {
+    selection.AfterReorder();
+    editor.AfterReorder();
+  }
   // Where a printable character goes when no edit is open: key search or the editor.
   void CharacterTyped(int32_t charCode);
 
@@ -251,6 +257,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
     std::string CellText(int32_t row, int32_t col) override { return c.CellText(row, col); }
     int32_t CurrentRowPhys() override;
     void SetCurrentRowPhys(int32_t phys) override;
+    void RememberSelection() override { c.RememberSelection(); }
+    void RestoreSelection() override { c.RestoreSelection(); }
     void RowsRelaidOut() override { c.RelayoutAll(); }
     void RequestRedraw() override { c.RequestRedraw(); }
     Control& c;

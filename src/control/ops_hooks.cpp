@@ -25,10 +25,10 @@ bool Control::CellDynamicIconsEnabled() const {
 // already, and the click only reverses one group's order.
 void Control::Regroup() { grouping.Group(); }
 
+// Groups hold top-level rows with their subtrees, so the sort keeps subtrees together whatever
+// TreeCol says: a flat sort would carry child rows away from their parents and out of every group.
 void Control::GroupingSite::SortForGrouping(const ops::Criteria& criteria) {
-  ops::Arrangement how =
-      c.props.Long(model::Prop::TreeCol) != 0 ? ops::Arrangement::Tree : ops::Arrangement::Rows;
-  ops::Sorter(c).SortRange(1, c.store.RowCount(), criteria, how, false, true);
+  ops::Sorter(c).SortRange(1, c.store.RowCount(), criteria, ops::Arrangement::Tree, false, true);
 }
 
 void Control::GroupingSite::SortCriteriaChanged() { ops::Sorter(c).SyncColumnMarks(); }

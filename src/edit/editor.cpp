@@ -264,6 +264,41 @@ void Editor::Close() {
   site_.RedrawCell(row_, col_);
 }
 
+// ---- Following the edited cell ---------------------------------------------------------------
+
+void Editor::RowsInserted(int32_t row, int32_t count) {
+  if (IsEditing() && row_ >= row) row_ += count;
+}
+
+void Editor::RowsRemoved(int32_t row, int32_t count) {
+  if (!IsEditing() || row_ < row) return;
+  if (row_ < row + count) return Drop();
+  row_ -= count;
+}
+
+void Editor::ColumnsInserted(int32_t index, int32_t count) {
+  if (IsEditing() && col_ >= index) col_ += count;
+}
+
+void Editor::ColumnsRemoved(int32_t index, int32_t count) {
+  if (!IsEditing() || col_ < index) return;
+  if (col_ < index + count) return Drop();
+  col_ -= count;
+}
+
+void Editor::BeforeReorder() { reorderPhys_ = IsEditing() ? store_.Rows().At(row_).phys : 0; }
+
+void Editor::AfterReorder() {
+  if (reorderPhys_) row_ = store_.Rows().RowOfPhys(reorderPhys_);
+  reorderPhys_ = 0;
+}
+
+void Editor::Drop() {
+  RetireList();
+  box_.reset();
+  kind_ = EditKind::None;
+}
+
 // ---- Check boxes ------------------------------------------------------------------------
 
 void Editor::ToggleCheck(int32_t row, int32_t colIndex) {

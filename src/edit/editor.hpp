@@ -81,6 +81,17 @@ class Editor final : TextBoxEvents, DropDownEvents {
   // A character typed while a combo list without a text box is open goes to its list search.
   void ListSearchCharacter(int32_t charCode);
 
+  // The edited cell follows its row and column when rows or columns are inserted, removed or
+  // reordered; an edit whose row or column goes is dropped without storing and without events
+  // (there is no cell left to report).
+  void RowsInserted(int32_t row, int32_t count);
+  void RowsRemoved(int32_t row, int32_t count);
+  void ColumnsInserted(int32_t index, int32_t count);
+  void ColumnsRemoved(int32_t index, int32_t count);
+  void BeforeReorder();
+  void AfterReorder();
+  void Drop();
+
   // The text box while editing (empty / 0 when there is none).
   TextBox* Box() const { return box_.get(); }
 
@@ -120,6 +131,7 @@ class Editor final : TextBoxEvents, DropDownEvents {
   EditKind kind_ = EditKind::None;
   int32_t row_ = 0;
   int32_t col_ = 0;
+  int32_t reorderPhys_ = 0;  // the edited row's physical row while rows are reordered
   std::string listTyped_;
 };
 

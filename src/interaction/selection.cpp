@@ -154,12 +154,17 @@ void Selection::MoveSingleSelection(int32_t row, int32_t col) {
   if (RowMode()) {
     if (row == curRow_) return;
     RaiseBefore();
-    if (curRow_ >= 1 && curRow_ <= store_.RowCount()) SetLineSelState(curRow_, false, true, false);
+    // What is listed goes, not only the current row: a grid without columns moves the current
+    // cell without moving the selection, so the two can part.
+    for (const SelItem& item : items_.Items())
+      if (item.row >= 1 && item.row <= store_.RowCount())
+        SetLineSelState(item.row, false, true, false);
     if (row != 0) SetLineSelState(row, true, true, false);
   } else {
     if (row == curRow_ && col == curCol_) return;
     RaiseBefore();
-    if (InGrid(curRow_, curCol_)) SetCellSelState(curRow_, curCol_, false, true, false);
+    for (const SelItem& item : items_.Items())
+      if (InGrid(item.row, item.col)) SetCellSelState(item.row, item.col, false, true, false);
     if (row != 0 && col != 0) SetCellSelState(row, col, true, true, false);
   }
   beforeRaised_ = true;
@@ -243,7 +248,9 @@ void Selection::SelectByClick(int32_t row, int32_t col, int shift, bool raiseAft
     bool rowMode = RowMode();
     bool now = !store_.CellAt(row, col).Selected();
     if (rowMode && !IsGroupRow(row)) {
-      ToggleRowCells(row, true, true);
+      // The row as a whole: a row going off loses every selected cell, the row text's too.
+      now = !items_.Contains(row, 1);
+      SetRowSelState(row, now, true, true);
     } else {
       SetCellSelState(row, IsGroupRow(row) ? store_.Cols().RowTextCol() : col, now, true, true);
     }
@@ -317,7 +324,7 @@ void Selection::ToggleCurrent() {
   beforeRaised_ = false;
   RaiseBefore();
   if (RowMode() && !IsGroupRow(curRow_)) {
-    ToggleRowCells(curRow_, true, true);
+    SetRowSelState(curRow_, !items_.Contains(curRow_, 1), true, true);
   } else {
     int32_t col = IsGroupRow(curRow_) ? store_.Cols().RowTextCol() : curCol_;
     SetCellSelState(curRow_, col, !store_.CellAt(curRow_, col).Selected(), true, true);
@@ -396,21 +403,15 @@ void Selection::ClearSelection() {
     return;
   }
   site_.EndEditing();
+  // Every listed item, in single selection too: its one item need not be the current cell (a
+  // move refused on a grid without columns leaves the selection where it was).
   bool rowMode = RowMode();
-  if (MultiSelect()) {
-    for (const SelItem& item : items_.Items()) {
-      if (item.row > store_.RowCount()) continue;
-      if (rowMode) {
-        SetRowSelState(item.row, false, true, true);
-      } else if (item.col <= store_.Cols().RowTextCol()) {
-        SetCellSelState(item.row, item.col, false, true, true);
-      }
-    }
-  } else if (curRow_ >= 1 && curRow_ <= store_.RowCount()) {
+  for (const SelItem& item : items_.Items()) {
+    if (item.row > store_.RowCount()) continue;
     if (rowMode) {
-      SetRowSelState(curRow_, false, true, true);
-    } else if (InGrid(curRow_, curCol_)) {
-      SetCellSelState(curRow_, curCol_, false, true, true);
+      SetRowSelState(item.row, false, true, true);
+    } else if (item.col <= store_.Cols().RowTextCol()) {
+      SetCellSelState(item.row, item.col, false, true, true);
     }
   }
   items_.Clear();
@@ -479,8 +480,12 @@ void Selection::LeaveMultiSelect() {
     } else {
       SetCellSelState(curRow_, curCol_, true, true, true);
     }
-    if (rowMode || store_.CellAt(curRow_, curCol_).Selected())
-      items_.Add(curRow_, rowMode ? 1 : curCol_);
+    // A row with no cell that takes part (a grid without columns) selects nothing: no item.
+    bool selected = false;
+    for (int32_t col = rowMode ? 1 : curCol_;
+         col <= (rowMode ? store_.Cols().RowTextCol() : curCol_); ++col)
+      selected = selected || store_.CellAt(curRow_, col).Selected();
+    if (selected) items_.Add(curRow_, rowMode ? 1 : curCol_);
   }
   RaiseAfterIfOwed(true);
 }
@@ -501,6 +506,14 @@ void Selection::RowModeChanged() {
       if (store_.CellAt(item.row, col).Selected()) items_.Add(item.row, col);
     }
   }
+  // A selected row of single selection leaves one selected cell: the current one.
+  if (RowMode() || MultiSelect() || items_.Count() == 0) return;
+  beforeRaised_ = false;
+  for (const SelItem& item : items_.Items())
+    if (item.row != curRow_ || item.col != curCol_)
+      SetCellSelState(item.row, item.col, false, true, true);
+  if (InGrid(curRow_, curCol_)) SetCellSelState(curRow_, curCol_, true, true, true);
+  RaiseAfterIfOwed(true);
 }
 
 // ---- Following the stores ------------------------------------------------------------------
@@ -545,7 +558,21 @@ void Selection::ColumnsInserted(int32_t index, int32_t count) {
 }
 
 void Selection::ColumnsRemoved(int32_t index, int32_t count) {
-  if (!RowMode()) {
+  if (RowMode()) {
+    // A row stays listed only while one of its cells outside the removed columns is selected.
+    auto keeps = [&](int32_t row) {
+      for (int32_t col = 1; col <= store_.Cols().RowTextCol(); ++col)
+        if ((col < index || col >= index + count) && store_.CellAt(row, col).Selected())
+          return true;
+      return false;
+    };
+    bool affected = false;
+    items_.ForEach([&](int32_t row, int32_t) { affected |= !keeps(row); });
+    if (affected) {
+      RaiseStoreBefore();
+      RebuildItems([&](SelItem& item) { return keeps(item.row); });
+    }
+  } else {
     bool affected = false;
     items_.ForEach([&](int32_t, int32_t col) { affected |= col >= index; });
     if (affected) {
@@ -629,7 +656,9 @@ void Selection::AfterReorder() {
   model::RowStore& rows = store_.Rows();
   items_.Clear();
   items_.Reserve(static_cast<int64_t>(reorderItems_.size()));
-  for (const PhysItem& item : reorderItems_) items_.Add(rows.RowOfPhys(item.phys), item.col);
+  // A row that went (a group row removed by regrouping) takes its item with it.
+  for (const PhysItem& item : reorderItems_)
+    if (const int32_t row = rows.RowOfPhys(item.phys)) items_.Add(row, item.col);
   if (reorderAnchorPhys_) anchorRow_ = rows.RowOfPhys(reorderAnchorPhys_);
   lastRange_ = {};
   std::vector<PhysItem>().swap(reorderItems_);

@@ -61,7 +61,10 @@ void CellColumn::Grow(int32_t newCapacity) {
 
 void CellColumn::ConstructRows(int32_t first, int32_t count, const Cell& tmpl, int32_t liveRows,
                                int32_t capacity) {
-  if (liveRows == 0 && !data_) uniform_ = tmpl;  // nothing constructed yet: adopt the template
+  if (liveRows == 0 && !data_) {  // nothing constructed yet: adopt the template
+    uniform_ = tmpl;
+    NoteRefs(tmpl);  // copies of a text template hold references the buffer must release
+  }
   // Appended rows equal to the template need no record of their own: they lie past the prefix.
   if (tmpl == uniform_) return;
   if (!data_) data_ = Reallocate(nullptr, std::max(capacity, 1));

@@ -49,6 +49,8 @@ void Grouper::Group() {
   int32_t current = site_.CurrentRowPhys();
   Criteria rest = SortCriteriaAfterGroups();
   building_ = true;
+  // The selection is kept by physical row across the removal, the sort and the new group rows.
+  site_.RememberSelection();
   try {
     RemoveGroupRows();
     SortGroupAccess::Items(groupedBy_) = wanted;
@@ -63,6 +65,7 @@ void Grouper::Group() {
       BuildGroupRows();
     }
   } catch (...) {
+    site_.RestoreSelection();
     // A host handler failed (CustomGroupValue, CustomSort): the grid is left ungrouped, its data
     // rows in whatever order the sort reached.
     building_ = false;
@@ -74,6 +77,7 @@ void Grouper::Group() {
     site_.RowsRelaidOut();
     throw;
   }
+  site_.RestoreSelection();
   building_ = false;
   ShowRowsUnderExpandedParents();
   Recount();
@@ -85,7 +89,7 @@ void Grouper::Ungroup() {
   if (!Grouped() && groups_.empty()) return;
   site_.EndEditing();
   int32_t current = site_.CurrentRowPhys();
-  RemoveGroupRows();
+  RemoveGroupRowsKeepingSelection();
   ShowRowsUnderExpandedParents();
   site_.SetCurrentRowPhys(current);
   site_.RowsRelaidOut();
@@ -99,6 +103,12 @@ Criteria Grouper::SortCriteriaAfterGroups() const {
          sort[prefix].col == GroupedBy()[prefix].col)
     ++prefix;
   return Criteria(sort.begin() + static_cast<std::ptrdiff_t>(prefix), sort.end());
+}
+
+void Grouper::RemoveGroupRowsKeepingSelection() {
+  site_.RememberSelection();
+  RemoveGroupRows();
+  site_.RestoreSelection();
 }
 
 void Grouper::RemoveGroupRows() {
@@ -422,6 +432,12 @@ void Grouper::RowsCleared() {
   groupOfPhys_.clear();
   watched_.clear();
   if (!building_) SortGroupAccess::Items(groupedBy_).clear();
+}
+
+void Grouper::ColumnsCleared() {
+  AggrFuncsAccess::Items(aggrFuncs_).clear();
+  SortGroupAccess::Items(groupedBy_).clear();
+  watched_.clear();
 }
 
 void Grouper::RowsRearranged() {

@@ -63,6 +63,8 @@ class Grouper final : public AggrFuncsListener {
   // their subtree.
   void RowsRemoved();
   void RowsCleared();
+  // Every column went with the rows (Clear(True)): no aggregate has a column left.
+  void ColumnsCleared();
   // Rows were reordered or changed level: membership is read again from the rows.
   void RowsRearranged();
   void AggrFuncsChanged() override;
@@ -107,6 +109,7 @@ class Grouper final : public AggrFuncsListener {
   const std::vector<AggrItem>& Items() const { return AggrFuncsAccess::Items(aggrFuncs_); }
   Criteria SortCriteriaAfterGroups() const;
   void RemoveGroupRows();
+  void RemoveGroupRowsKeepingSelection();
   void BuildGroupRows();
   Variant GroupValueOf(int32_t row, const Criterion& k, std::string& text);
   bool SameGroup(const Criterion& k, const Variant& a, const Variant& b) const;

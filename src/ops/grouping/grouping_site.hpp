@@ -25,6 +25,10 @@ class GroupingSite {
   // The current row, by physical row (0 for none), kept across a regrouping.
   virtual int32_t CurrentRowPhys() = 0;
   virtual void SetCurrentRowPhys(int32_t phys) = 0;
+  // Group rows come or go without the store's row notices: the selection is kept by physical row
+  // around it (items of removed group rows are dropped).
+  virtual void RememberSelection() = 0;
+  virtual void RestoreSelection() = 0;
   // Rows came and went or changed level: every row position is recomputed and the grid redrawn.
   virtual void RowsRelaidOut() = 0;
   virtual void RequestRedraw() = 0;
