@@ -45,6 +45,7 @@ GridSnapshot TakeSnapshot(const Quilta& grid) {
   s.multiSelect = grid.MultiSelect();
   s.rowMode = grid.RowMode();
   s.curCol = grid.CurCol();
+  for (int32_t col = 1; col <= grid.ColCount(); ++col) s.colPos.push_back(grid.ColPos(col));
   if (s.editing) {
     const control::Control& c = control::Internals(const_cast<Quilta&>(grid));
     s.editRow = c.editor.Row();

@@ -34,6 +34,7 @@ struct GridSnapshot {
   bool rowMode = false;
   // Read for the checks of calls whose effect is the grid's own choice; never compared.
   int32_t curCol = 0;
+  std::vector<int32_t> colPos;         // ColPos of columns 1..ColCount
   int32_t editRow = 0, editCol = 0;    // the cell being edited, while editing
   std::vector<TSelItemInfo> selItems;  // SelItems.GetArray, in its sorted order
   int32_t selCount = 0;
