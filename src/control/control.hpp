@@ -38,6 +38,8 @@ struct UpdateState {
 };
 
 enum class MouseAction { Down, Move, Up, DblClick, Leave };
+// The header strip and the group-by band take the same mouse actions in their own terms.
+header::HeaderMouse HeaderMouseOf(MouseAction action);
 
 struct Control final : model::StoreListener, model::CellObjectOwner {
   explicit Control(Platform* hostPlatform);

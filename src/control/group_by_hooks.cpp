@@ -9,25 +9,7 @@ int32_t Control::GroupByHeightPixels() const {
 }
 
 bool Control::GroupByMouse(MouseAction action, int16_t button, int16_t shift, Point at) {
-  header::HeaderMouse what = header::HeaderMouse::Leave;
-  switch (action) {
-    case MouseAction::Down:
-      what = header::HeaderMouse::Down;
-      break;
-    case MouseAction::Move:
-      what = header::HeaderMouse::Move;
-      break;
-    case MouseAction::Up:
-      what = header::HeaderMouse::Up;
-      break;
-    case MouseAction::DblClick:
-      what = header::HeaderMouse::DblClick;
-      break;
-    case MouseAction::Leave:
-      what = header::HeaderMouse::Leave;
-      break;
-  }
-  return groupByBand.Mouse(what, button, shift, at);
+  return groupByBand.Mouse(HeaderMouseOf(action), button, shift, at);
 }
 
 // ---- GroupBySite --------------------------------------------------------------------------------

@@ -10,26 +10,24 @@ void Control::PaintHeader(Painter& painter, const Rect& clip) { headerStrip.Pain
 
 int32_t Control::HeaderItemWidthNeeded(int32_t slot) { return headerStrip.WidthNeeded(slot); }
 
-bool Control::HeaderMouse(MouseAction action, int16_t button, int16_t shift, Point at) {
-  header::HeaderMouse what = header::HeaderMouse::Leave;
+header::HeaderMouse HeaderMouseOf(MouseAction action) {
   switch (action) {
     case MouseAction::Down:
-      what = header::HeaderMouse::Down;
-      break;
+      return header::HeaderMouse::Down;
     case MouseAction::Move:
-      what = header::HeaderMouse::Move;
-      break;
+      return header::HeaderMouse::Move;
     case MouseAction::Up:
-      what = header::HeaderMouse::Up;
-      break;
+      return header::HeaderMouse::Up;
     case MouseAction::DblClick:
-      what = header::HeaderMouse::DblClick;
-      break;
+      return header::HeaderMouse::DblClick;
     case MouseAction::Leave:
-      what = header::HeaderMouse::Leave;
       break;
   }
-  return headerStrip.Mouse(what, button, shift, at);
+  return header::HeaderMouse::Leave;
+}
+
+bool Control::HeaderMouse(MouseAction action, int16_t button, int16_t shift, Point at) {
+  return headerStrip.Mouse(HeaderMouseOf(action), button, shift, at);
 }
 
 void Control::InvalidateHeader() {
