@@ -31,6 +31,19 @@ class Dispatch {
   Variant Call(std::string_view member) { return Invoke(member, InvokeKind::Method, {}); }
 };
 
+// A second face a record set may offer beside Dispatch: its records a batch at a time. FillFromRS
+// reads through it when the record set has it (a dynamic_cast), which spares two late-bound calls
+// per cell and one per record on large fills; the values and the record set's position after
+// reading are those that "Fields"(i)."Value" and "MoveNext" would give.
+class RecordBatchReader {
+ public:
+  virtual ~RecordBatchReader() = default;
+  // Writes the values of the next `records` records, from the current one on, into `out` record
+  // after record (field 0 first; out.size() is records x the field count) and moves past them.
+  // Running out of records first raises what reading a Value past the end raises.
+  virtual void ReadBatch(int32_t records, std::span<Variant> out) = 0;
+};
+
 // The runtime's error 438, "Object doesn't support this property or method", raised by a
 // Dispatch asked for a member it does not have; the source is the object's type name.
 inline Error UnknownMember(std::string_view typeName) {

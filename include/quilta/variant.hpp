@@ -73,7 +73,16 @@ class Variant {
     u_ = other.u_;
     return *this;
   }
-  Variant& operator=(Variant&& other) noexcept;
+  Variant& operator=(Variant&& other) noexcept {
+    if (this != &other) {
+      if (Shared(type_)) Release();
+      type_ = other.type_;
+      u_ = other.u_;
+      other.type_ = vbEmpty;
+      other.u_.ll = 0;
+    }
+    return *this;
+  }
   ~Variant() {
     if (Shared(type_)) Release();
   }

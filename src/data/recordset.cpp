@@ -163,6 +163,15 @@ void Recordset::MoveNext() {
   ++r.position;
 }
 
+void Recordset::ReadBatch(int32_t records, std::span<Variant> out) {
+  Reader& r = *reader_;
+  const size_t fields = r.fields.size();
+  for (size_t k = 0; k < static_cast<size_t>(records); ++k) {
+    for (size_t f = 0; f < fields; ++f) out[k * fields + f] = r.CopyValue(static_cast<int32_t>(f));
+    MoveNext();
+  }
+}
+
 void Recordset::MoveLast() {
   int64_t last = RecordCount() - 1;
   if (last < 0) throw NoCurrentRecord();

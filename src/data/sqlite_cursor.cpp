@@ -32,67 +32,67 @@ Variant Integer(sqlite3_int64 v) {
   return Variant(static_cast<int64_t>(v));
 }
 
-std::string_view Text(sqlite3_stmt* s, int i) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(s, i));
-  return {text ? text : "", static_cast<size_t>(sqlite3_column_bytes(s, i))};
+std::string_view Text(sqlite3_value* v) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(v));
+  return {text ? text : "", static_cast<size_t>(sqlite3_value_bytes(v))};
 }
 
-Variant PlainValue(sqlite3_stmt* s, int i, int type) {
+Variant PlainValue(sqlite3_value* v, int type) {
   switch (type) {
     case SQLITE_INTEGER:
-      return Integer(sqlite3_column_int64(s, i));
+      return Integer(sqlite3_value_int64(v));
     case SQLITE_FLOAT:
-      return sqlite3_column_double(s, i);
+      return sqlite3_value_double(v);
     case SQLITE_NULL:
       return Variant::Null();
     case SQLITE_BLOB: {
-      const auto* bytes = static_cast<const char*>(sqlite3_column_blob(s, i));
-      return std::string_view(bytes ? bytes : "", static_cast<size_t>(sqlite3_column_bytes(s, i)));
+      const auto* bytes = static_cast<const char*>(sqlite3_value_blob(v));
+      return std::string_view(bytes ? bytes : "", static_cast<size_t>(sqlite3_value_bytes(v)));
     }
     default:
-      return Text(s, i);
+      return Text(v);
   }
 }
 
 // SQLite keeps dates as ISO text, Julian day numbers (reals) or Unix seconds (integers).
-Variant DateValue(sqlite3_stmt* s, int i, int type) {
+Variant DateValue(sqlite3_value* v, int type) {
   constexpr double kJulianDayOfSerialZero = 2415018.5;
   constexpr double kSerialOf1970 = 25569;
-  if (type == SQLITE_FLOAT)
-    return Variant::Date(sqlite3_column_double(s, i) - kJulianDayOfSerialZero);
+  if (type == SQLITE_FLOAT) return Variant::Date(sqlite3_value_double(v) - kJulianDayOfSerialZero);
   if (type == SQLITE_INTEGER)
-    return Variant::Date(static_cast<double>(sqlite3_column_int64(s, i)) / 86400.0 + kSerialOf1970);
+    return Variant::Date(static_cast<double>(sqlite3_value_int64(v)) / 86400.0 + kSerialOf1970);
   if (type == SQLITE_TEXT) {
-    if (auto serial = DateSerialFromText(Text(s, i))) return Variant::Date(*serial);
+    if (auto serial = DateSerialFromText(Text(v))) return Variant::Date(*serial);
   }
-  return PlainValue(s, i, type);
+  return PlainValue(v, type);
 }
 
-Variant BooleanValue(sqlite3_stmt* s, int i, int type) {
-  if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return sqlite3_column_double(s, i) != 0;
+Variant BooleanValue(sqlite3_value* v, int type) {
+  if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return sqlite3_value_double(v) != 0;
   if (type == SQLITE_TEXT) {
-    std::string t = Upper(reinterpret_cast<const char*>(sqlite3_column_text(s, i)));
+    std::string t = Upper(reinterpret_cast<const char*>(sqlite3_value_text(v)));
     if (t == "TRUE" || t == "T" || t == "1") return true;
     if (t == "FALSE" || t == "F" || t == "0") return false;
   }
-  return PlainValue(s, i, type);
+  return PlainValue(v, type);
 }
 
+// One call into the statement per value: the value's own accessors take no lock.
 Variant ValueOf(sqlite3_stmt* s, int i, SqliteCursor::Kind kind) {
-  int type = sqlite3_column_type(s, i);
+  sqlite3_value* v = sqlite3_column_value(s, i);
+  int type = sqlite3_value_type(v);
   if (type == SQLITE_NULL) return Variant::Null();
   switch (kind) {
     case SqliteCursor::Kind::Boolean:
-      return BooleanValue(s, i, type);
+      return BooleanValue(v, type);
     case SqliteCursor::Kind::Date:
-      return DateValue(s, i, type);
+      return DateValue(v, type);
     case SqliteCursor::Kind::Double:
-      return type == SQLITE_TEXT ? PlainValue(s, i, type) : Variant(sqlite3_column_double(s, i));
+      return type == SQLITE_TEXT ? PlainValue(v, type) : Variant(sqlite3_value_double(v));
     case SqliteCursor::Kind::Currency:
-      return type == SQLITE_TEXT ? PlainValue(s, i, type)
-                                 : Variant::Currency(sqlite3_column_double(s, i));
+      return type == SQLITE_TEXT ? PlainValue(v, type) : Variant::Currency(sqlite3_value_double(v));
     default:
-      return PlainValue(s, i, type);
+      return PlainValue(v, type);
   }
 }
 

@@ -134,6 +134,43 @@ std::vector<std::string> RecordSetFiller::ReadRecords(Dispatch& rs,
   return keys;
 }
 
+// A batch at a time, each column's cells written in one run: the cells of a batch are still in
+// the cache when their values arrive.
+std::vector<std::string> RecordSetFiller::ReadBatches(RecordBatchReader& rs,
+                                                      const std::vector<int32_t>& target,
+                                                      int32_t keyField, int32_t first,
+                                                      int32_t count) {
+  constexpr int32_t kBatch = 256;
+  const size_t fields = target.size();
+  std::vector<std::string> keys;
+  if (keyField >= 0) keys.reserve(static_cast<size_t>(count));
+  std::vector<Variant> values(kBatch * fields);
+  std::vector<int32_t> phys(kBatch);
+  model::CellStore& cells = store_.Cells();
+  for (int32_t done = 0; done < count; done += kBatch) {
+    const int32_t n = std::min(kBatch, count - done);
+    rs.ReadBatch(n, std::span<Variant>(values.data(), static_cast<size_t>(n) * fields));
+    for (int32_t k = 0; k < n; ++k)
+      phys[static_cast<size_t>(k)] = store_.Rows().At(first + done + k).phys;
+    for (size_t i = 0; i < fields; ++i) {
+      auto valueOf = [&](int32_t k) -> Variant& {
+        return values[static_cast<size_t>(k) * fields + i];
+      };
+      if (static_cast<int32_t>(i) == keyField)
+        for (int32_t k = 0; k < n; ++k) keys.push_back(TextOf(valueOf(k)));
+      if (!target[i]) continue;
+      model::CellColumn& column = cells.Column(target[i]);
+      for (int32_t k = 0; k < n; ++k) {
+        model::Cell& cell = cells.Mutable(target[i], phys[static_cast<size_t>(k)]);
+        cell.value = std::move(valueOf(k));
+        column.NoteRefs(cell);
+        cell.state |= model::Cell::kRemeasure;
+      }
+    }
+  }
+  return keys;
+}
+
 void RecordSetFiller::CheckKeys(const std::vector<std::string>& keys, int32_t oldRows,
                                 bool keepRows) const {
   std::unordered_set<std::string_view> seen;
@@ -212,7 +249,9 @@ void RecordSetFiller::Fill(const std::shared_ptr<Dispatch>& rs, EFillFromRSMode 
   std::vector<std::string> keys;
   try {
     if (count > 0) store_.AddRows({.lCount = count});
-    keys = ReadRecords(*rs, fields, target, keyField, first, count);
+    auto* batches = dynamic_cast<RecordBatchReader*>(rs.get());
+    keys = batches ? ReadBatches(*batches, target, keyField, first, count)
+                   : ReadRecords(*rs, fields, target, keyField, first, count);
     CheckKeys(keys, oldRows, keepRows);
   } catch (...) {
     if (store_.RowCount() > oldRows) store_.RemoveRows(Variant(first), store_.RowCount() - oldRows);

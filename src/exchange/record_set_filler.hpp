@@ -33,9 +33,14 @@ class RecordSetFiller {
   std::vector<RecordSetField> ReadFields(Dispatch& rs) const;
   int32_t KeyFieldOf(const std::vector<RecordSetField>& fields, const Variant& vRowKeyField) const;
   int32_t CountRecords(Dispatch& rs, bool ado) const;
+  // Reads `count` records into the new rows from `first` on, and returns the key field's texts
+  // when there is one.
   std::vector<std::string> ReadRecords(Dispatch& rs, const std::vector<RecordSetField>& fields,
                                        const std::vector<int32_t>& target, int32_t keyField,
                                        int32_t first, int32_t count);
+  // The same through a record set's batch face.
+  std::vector<std::string> ReadBatches(RecordBatchReader& rs, const std::vector<int32_t>& target,
+                                       int32_t keyField, int32_t first, int32_t count);
   // Duplicates among the new keys, and with the rows kept (the first oldRows), raise 515.
   void CheckKeys(const std::vector<std::string>& keys, int32_t oldRows, bool keepRows) const;
   // The column index each field fills (0: none) in the grid's existing columns.

@@ -74,17 +74,6 @@ Variant& Variant::AssignShared(const Variant& other) noexcept {
   return *this;
 }
 
-Variant& Variant::operator=(Variant&& other) noexcept {
-  if (this != &other) {
-    if (Shared(type_)) Release();
-    type_ = other.type_;
-    u_ = other.u_;
-    other.type_ = vbEmpty;
-    other.u_.ll = 0;
-  }
-  return *this;
-}
-
 void Variant::AddRef() const noexcept {
   switch (type_) {
     case vbString:

@@ -109,6 +109,61 @@ TEST_F(SqliteRecordset, FillsAGridWithKeysAndBaseNames) {
   EXPECT_EQ(grid.CellValue(3, "who"), Variant("Cy"));
 }
 
+// Forwards the late-bound members only, hiding the record set's batch face.
+class LateBoundOnly : public Dispatch {
+ public:
+  explicit LateBoundOnly(std::shared_ptr<Dispatch> inner) : inner_(std::move(inner)) {}
+  std::string TypeName() const override { return inner_->TypeName(); }
+  Variant Invoke(std::string_view member, InvokeKind kind, std::span<const Variant> args) override {
+    return inner_->Invoke(member, kind, args);
+  }
+
+ private:
+  std::shared_ptr<Dispatch> inner_;
+};
+
+// Large fills read the record set a batch at a time; what lands in the grid, and where the record
+// set stands afterwards, must be what the late-bound reading gives.
+TEST_F(SqliteRecordset, BatchedAndLateBoundFillsAgree) {
+  db.Execute(
+      "CREATE TABLE many(k TEXT, n INTEGER, r REAL, d DATE);"
+      "WITH RECURSIVE g(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM g WHERE i < 600) "
+      "INSERT INTO many SELECT 'k' || i, CASE WHEN i % 7 THEN i END, i / 4.0, '2024-01-01' FROM "
+      "g;");
+  const char* query = "SELECT * FROM many ORDER BY rowid";
+  Quilta batched, lateBound;
+  auto direct = db.Query(query);
+  batched.FillFromRS(direct, quFillRSColsIfEmptyAndRows, "k");
+  auto wrapped = db.Query(query);
+  lateBound.FillFromRS(std::make_shared<LateBoundOnly>(wrapped), quFillRSColsIfEmptyAndRows, "k");
+  ASSERT_EQ(batched.RowCount(), 600);
+  ASSERT_EQ(lateBound.RowCount(), 600);
+  for (int32_t r = 1; r <= 600; ++r) {
+    EXPECT_EQ(batched.RowKey(r), lateBound.RowKey(r));
+    for (int32_t c = 1; c <= 4; ++c) ASSERT_EQ(batched.CellValue(r, c), lateBound.CellValue(r, c));
+  }
+  EXPECT_EQ(batched.RowKey(600), "k600");
+  EXPECT_EQ(direct->Get("EOF"), Variant(true));
+  EXPECT_EQ(wrapped->Get("EOF"), Variant(true));
+}
+
+// A database error part-way through the records leaves the grid as it was, either way read.
+TEST_F(SqliteRecordset, AnErrorPartWayLeavesTheGridAsItWas) {
+  const char* failsAt300 =
+      "WITH RECURSIVE g(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM g WHERE i < 500) "
+      "SELECT i, CASE WHEN i = 300 THEN abs(-9223372036854775807 - 1) ELSE i END AS v FROM g";
+  for (bool hideBatches : {false, true}) {
+    Quilta grid;
+    grid.FillFromRS(db.Query("SELECT id, name FROM people"));
+    std::shared_ptr<Dispatch> rs = db.Query(failsAt300);
+    if (hideBatches) rs = std::make_shared<LateBoundOnly>(rs);
+    EXPECT_NE(ErrorCode([&] { grid.FillFromRS(rs, quFillRSColsIfEmptyAndRows); }), 0);
+    EXPECT_EQ(grid.RowCount(), 3);
+    EXPECT_EQ(grid.ColCount(), 2);
+    EXPECT_EQ(grid.CellValue(2, 2), Variant("Bo"));
+  }
+}
+
 TEST_F(SqliteRecordset, InMemoryDatabasesWork) {
   SqliteDatabase memory(":memory:");
   memory.Execute("CREATE TABLE t(v); INSERT INTO t VALUES(1),(2.5),('x'),(NULL);");

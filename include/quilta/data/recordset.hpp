@@ -38,13 +38,16 @@ class RowCursor {
   virtual Variant CopyValue(int32_t field) const { return Value(field); }
 };
 
-class Recordset : public Dispatch, public std::enable_shared_from_this<Recordset> {
+class Recordset : public Dispatch,
+                  public RecordBatchReader,
+                  public std::enable_shared_from_this<Recordset> {
  public:
   explicit Recordset(std::unique_ptr<RowCursor> cursor);
   ~Recordset() override;
 
   std::string TypeName() const override { return "Recordset"; }
   Variant Invoke(std::string_view member, InvokeKind kind, std::span<const Variant> args) override;
+  void ReadBatch(int32_t records, std::span<Variant> out) override;
 
   // The same members for C++ callers.
   int32_t FieldCount() const;
