@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "ops/sorting/sorter.hpp"
+
 namespace quilta::control {
 
 Control::Control(Platform* hostPlatform)
@@ -37,6 +39,10 @@ void Control::RunRowPass(int32_t from) {
 void Control::RecalcColumns() {
   geometry.RunColumnPass(store.Cols(), props.Long(model::Prop::FrozenCols));
   grouping.ColumnsSettled();
+  if (sortMarksPending) {
+    sortMarksPending = false;
+    ops::Sorter(*this).SyncColumnMarks();
+  }
 }
 
 void Control::RequestRedraw() {
@@ -60,17 +66,24 @@ void Control::SetRecalcRowParms(bool on) {
 // ---- Store notices -------------------------------------------------------------------------
 
 void Control::ColumnsInserted(int32_t index, int32_t count) {
+  mouse.ForgetPress();
   headerStrip.Reset();  // the strip tracks columns by index, and indexes moved
   groupByBand.Reset();
   grouping.ColumnsInserted(index, count);
+  ops::SortGroupAccess::ColumnsInserted(sortObject, index, count);
+  ops::SortGroupAccess::ColumnsInserted(groupObject, index, count);
   selection.ColumnsInserted(index, count);
   editor.ColumnsInserted(index, count);
 }
 
 void Control::ColumnsRemoved(int32_t index, int32_t count) {
+  mouse.ForgetPress();
   headerStrip.Reset();
   groupByBand.Reset();
   grouping.ColumnsRemoving(index, count);
+  ops::SortGroupAccess::ColumnsRemoved(groupObject, index, count);
+  // A sort column going: the keys of the columns sorted after it move up once it is gone.
+  if (ops::SortGroupAccess::ColumnsRemoved(sortObject, index, count)) sortMarksPending = true;
   selection.ColumnsRemoved(index, count);
   editor.ColumnsRemoved(index, count);
 }
@@ -82,6 +95,7 @@ void Control::PendingPassFrom(int32_t row) {
 }
 
 void Control::RowsInserted(int32_t row, int32_t count) {
+  mouse.ForgetPress();
   PendingPassFrom(row);
   grouping.RowsInserted(row, count);
   selection.RowsInserted(row, count);
@@ -89,6 +103,7 @@ void Control::RowsInserted(int32_t row, int32_t count) {
 }
 
 void Control::RowsRemoved(int32_t row, int32_t count) {
+  mouse.ForgetPress();
   PendingPassFrom(row);
   grouping.RowsRemoving(row, count);
   selection.RowsRemoved(row, count, false);
@@ -96,19 +111,25 @@ void Control::RowsRemoved(int32_t row, int32_t count) {
 }
 
 void Control::RowsTruncated(int32_t row, int32_t count) {
+  mouse.ForgetPress();
   PendingPassFrom(row);
   selection.RowsRemoved(row, count, true);
   editor.RowsRemoved(row, count);
 }
 
 void Control::RowsCleared(bool columnsToo) {
+  mouse.ForgetPress();
   if (columnsToo) {
     ScrollTo(quScrollBarH, 0);
     headerStrip.Reset();
     groupByBand.Reset();
   }
   grouping.RowsCleared();
-  if (columnsToo) grouping.ColumnsCleared();
+  if (columnsToo) {
+    grouping.ColumnsCleared();
+    ops::SortGroupAccess::Items(sortObject).clear();
+    ops::SortGroupAccess::Items(groupObject).clear();
+  }
   selection.RowsCleared();
   editor.Drop();
 }

@@ -165,6 +165,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   bool CellDynamicIconsEnabled() const;
   // Rebuilds the group rows for GroupObject (after a grouped column's header flips its order).
   void Regroup();
+  // Rows changed places (a sort, a move, a level change).
+  void RowsRearranged();
 
   // ---- View: the layout pass (view rectangles, scroll ranges) runs before painting, hit
   // testing and scrolling; it is cheap, so it runs every time it is asked for.
@@ -449,6 +451,8 @@ struct Control final : model::StoreListener, model::CellObjectOwner {
   // Sorting and grouping criteria; grouping keeps the criteria the grid is currently grouped by.
   SortGroupObject sortObject;
   SortGroupObject groupObject;
+  // A removed column took sort criteria with it: ColSortKey is renumbered once it is gone.
+  bool sortMarksPending = false;
   GroupingSite groupingSite{*this};
   ops::Grouper grouping{store, props, *resources, groupObject, sortObject, groupingSite};
   HeaderSite headerSite{*this};

@@ -25,6 +25,11 @@ bool Control::CellDynamicIconsEnabled() const {
 // already, and the click only reverses one group's order.
 void Control::Regroup() { grouping.Group(); }
 
+void Control::RowsRearranged() {
+  mouse.ForgetPress();
+  grouping.RowsRearranged();  // a moved data row may have changed groups
+}
+
 // Groups hold top-level rows with their subtrees, so the sort keeps subtrees together whatever
 // TreeCol says: a flat sort would carry child rows away from their parents and out of every group.
 void Control::GroupingSite::SortForGrouping(const ops::Criteria& criteria) {

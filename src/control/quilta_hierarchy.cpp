@@ -17,7 +17,7 @@ uint8_t Quilta::RowLevel(const Variant& vRow) const { return Record(*c_, vRow).l
 
 void Quilta::SetRowLevel(const Variant& vRow, uint8_t btLevel) {
   ops::Hierarchy(*c_).SetLevel(c_->store.ResolveRow(vRow), btLevel);
-  c_->grouping.RowsRearranged();
+  c_->RowsRearranged();
 }
 
 int32_t Quilta::RowParent(const Variant& vRow) const {
@@ -92,7 +92,7 @@ void Quilta::MoveRow(const Variant& vRow, const Variant& vRowNewPos, int32_t lCo
   int32_t row = c_->store.ResolveRow(vRow);
   int32_t target = c_->store.ResolveRow(vRowNewPos);
   ops::Hierarchy(*c_).MoveRows(row, target, lCount, eMode);
-  c_->grouping.RowsRearranged();  // a moved data row may have changed groups
+  c_->RowsRearranged();
 }
 
 }  // namespace quilta

@@ -30,6 +30,7 @@ void Quilta::SetCellSelected(const Variant& vRow, const Variant& vCol, bool bSel
 bool Quilta::MultiSelect() const { return c_->props.Bool(model::Prop::MultiSelect); }
 
 void Quilta::SetMultiSelect(bool b) {
+  if (b != MultiSelect()) c_->mouse.ForgetPress();
   if (!b && MultiSelect()) c_->selection.LeaveMultiSelect();
   c_->SetProperty(model::Prop::MultiSelect, b);
 }
@@ -39,7 +40,9 @@ bool Quilta::RowMode() const { return c_->props.Bool(model::Prop::RowMode); }
 void Quilta::SetRowMode(bool b) {
   bool changed = b != RowMode();
   c_->SetProperty(model::Prop::RowMode, b);
-  if (changed) c_->selection.RowModeChanged();
+  if (!changed) return;
+  c_->selection.RowModeChanged();
+  c_->mouse.ForgetPress();
 }
 
 void Quilta::ClearSelection() { c_->selection.ClearSelection(); }

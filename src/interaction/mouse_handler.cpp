@@ -157,6 +157,11 @@ void MouseHandler::Up(int16_t button, int16_t shift, Point at) {
     commands_.ShowContextMenuAt(hit.row, hit.col, at.x, at.y);
 }
 
+void MouseHandler::ForgetPress() {
+  deferred_ = menuOnUp_ = false;
+  StopDrag();
+}
+
 void MouseHandler::DblClick(int16_t button, int16_t shift, Point at) {
   StopDrag();
   pressed_ = true;

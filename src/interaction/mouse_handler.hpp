@@ -64,6 +64,10 @@ class MouseHandler final : public TimerSink {
   void TimerFired(int32_t id) override;
 
   bool Dragging() const { return dragging_; }
+  // Rows or columns came, went or moved, or the selection mode changed, between a press and its
+  // release: what the press left for the release names a cell that may no longer be the one
+  // pressed, so the release only raises its events.
+  void ForgetPress();
 
  private:
   static constexpr int16_t kLeft = 1;

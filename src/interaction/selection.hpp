@@ -85,10 +85,11 @@ class Selection {
   bool MultiSelect() const { return props_.Bool(model::Prop::MultiSelect); }
   // RowMode was switched: the list is rewritten in the new mode's items.
   void RowModeChanged();
-
- private:
+  // Whether a column's cells, and a row, can be selected at all (hidden ones cannot).
   bool TakesPart(const model::Column& column) const;
   bool RowShownForSelection(int32_t row) const;
+
+ private:
   bool IsGroupRow(int32_t row) const { return store_.Rows().At(row).GroupRow(); }
   // A whole row, or its row-text cell for a group row.
   void SetLineSelState(int32_t row, bool select, bool updateList, bool raiseBefore);

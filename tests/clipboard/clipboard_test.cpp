@@ -283,6 +283,37 @@ TEST_F(Clipboard, PasteStartsAtTheSelectedRectangleAndOneValueFillsIt) {
   EXPECT_EQ(Text(1, 1), "");
 }
 
+// Hidden columns and rows between selected ones do not break the rectangle: a row selected in row
+// mode pastes from its first shown column, and the pasted rows become the selection.
+TEST_F(Clipboard, HiddenColumnsInsideASelectedRowKeepItOneRectangle) {
+  grid.SetColVisible(2, false);
+  grid.SetRowMode(true);
+  grid.SetColPos(4, 1);  // shown order: 4, 1, (2 hidden), 3
+  grid.SetCurCell(2, 3);
+  platform.SetClipboardTextFromOtherProgram("a\tb\r\nc\td");
+  grid.DoKeyboardCommand(kV, kCtrl);
+  EXPECT_EQ(Text(2, 4), "a");
+  EXPECT_EQ(Text(2, 1), "b");
+  EXPECT_EQ(Text(3, 4), "c");
+  EXPECT_EQ(Text(3, 1), "d");
+  EXPECT_EQ(Text(2, 3), "");
+  EXPECT_TRUE(grid.CellSelected(2, 3));
+  EXPECT_TRUE(grid.CellSelected(3, 3));
+  EXPECT_EQ(grid.SelItems().Count(), 2);
+  // One value fills the selected cells of the rectangle, not the hidden column inside it.
+  grid.SetRowMode(false);
+  Select({{4, 1}, {4, 3}, {5, 1}, {5, 3}});
+  platform.SetClipboardTextFromOtherProgram("f");
+  grid.DoKeyboardCommand(kV, kCtrl);
+  for (int32_t r = 4; r <= 5; ++r) {
+    EXPECT_EQ(Text(r, 1), "f");
+    EXPECT_EQ(Text(r, 2), "");
+    EXPECT_EQ(Text(r, 3), "f");
+  }
+  EXPECT_EQ(Text(4, 4), "");
+  ExpectConsistent();
+}
+
 TEST_F(Clipboard, OwnBlockIsPastedWithItsHoles) {
   Fill();
   Select({{1, 1}, {2, 2}});

@@ -155,6 +155,26 @@ TEST_F(Mouse, APressOnASelectedCellKeepsTheSelectionUntilReleasedWithoutDragging
   EXPECT_EQ(g.SelItems().Count(), 4);
 }
 
+// Between a press on a selected cell and its release the host may add columns, sort or leave
+// multiselection; the release must not then select whatever cell now has the pressed indexes.
+TEST_F(Mouse, AReleaseAfterTheGridChangedUnderThePressSelectsNothing) {
+  g.SetMultiSelect(true);
+  g.SelectAll();
+  Press(Center(2, 3), kCtrl);
+  g.SetMultiSelect(false);
+  g.AddCol({.vColBefore = 3});
+  ASSERT_EQ(Items(g), "(2,4)");
+  g.HostMouseUp(kLeft, 0, 500, 2);  // released over the header
+  EXPECT_EQ(Items(g), "(2,4)");
+  EXPECT_EQ(Cur(), Cell(2, 4));
+  g.SetMultiSelect(true);
+  g.SelectAll();
+  Press(Center(1, 1));
+  g.Sort(1);
+  g.HostMouseUp(kLeft, 0, Center(1, 1).x, Center(1, 1).y);
+  EXPECT_EQ(g.SelItems().Count(), 6 * 4);
+}
+
 TEST_F(Mouse, DraggingExtendsTheSelectionOnlyWithDragSelect) {
   g.SetMultiSelect(true);
   Press(Center(2, 1));

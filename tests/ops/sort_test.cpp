@@ -153,6 +153,28 @@ TEST(Sort, HeaderClicksAlternateAndShiftExtendsTheSort) {
   EXPECT_EQ(g.ColSortOrder(1), quSortAsc);  // kept for a column no longer sorted
 }
 
+// SortObject names columns by index: it follows them as columns come and go, so that it and the
+// columns' sort keys keep agreeing and a saved sort layout reads back the same.
+TEST(Sort, CriteriaFollowInsertedAndRemovedColumns) {
+  Quilta g = Grid({"a", "b", "a"}, {1, 2, 3});
+  g.AddCol({.sKey = "c3"});
+  Variant cols = Variant::Array1D(1, 2);
+  cols.SetAt(1, "c1");
+  cols.SetAt(2, "c3");
+  g.Sort(cols);
+  g.AddCol({.sKey = "c0", .vColBefore = 1});
+  EXPECT_EQ(Criteria(g), "2/0 4/0 ");
+  g.RemoveCol("c1");
+  EXPECT_EQ(Criteria(g), "3/0 ");
+  EXPECT_EQ(g.ColSortKey("c3"), 1);
+  const std::string layout = g.LayoutSort();
+  EXPECT_EQ(layout, "3|SortKey|1|3|SortOrder|0|");
+  g.SetLayoutSort(layout);
+  EXPECT_EQ(Criteria(g), "3/0 ");
+  g.Clear(true);
+  EXPECT_EQ(g.SortObject().ColCount(), 0);
+}
+
 TEST(Sort, CurrentCellBoundsAndColumnLists) {
   Quilta g = Grid({5, 4, 3, 2, 1});
   control::Internals(g).SetCurrentCell(2, 2);

@@ -274,22 +274,13 @@ bool ClipboardCommands::PlanTarget(const PasteSource& source, Target& target) co
   const model::ColumnStore& cols = store_.Cols();
   if (selection_.Items().Count() > 0) {
     const SelectedBlock block = FindSelectedBlock();
-    size_t selectedCells = 0;
-    for (int32_t row : block.rows)
-      for (int32_t slot : block.slots)
-        selectedCells += store_.CellAt(row, cols.AtSlot(slot).index).Selected();
-    const bool rectangle =
-        !block.rows.empty() && !block.slots.empty() &&
-        block.rows.back() - block.rows.front() + 1 == static_cast<int32_t>(block.rows.size()) &&
-        block.slots.back() - block.slots.front() + 1 == static_cast<int32_t>(block.slots.size()) &&
-        selectedCells == block.rows.size() * block.slots.size();
-    if (rectangle) {
+    if (IsOneRectangle(block)) {
       target.row = block.rows.front();
       target.slot = block.slots.front();
-      if (source.Rows() == 1 && source.Cols() == 1 && selectedCells > 1) {
+      if (source.Rows() == 1 && source.Cols() == 1 && block.rows.size() * block.slots.size() > 1) {
         target.fill = true;
-        target.rows = static_cast<int32_t>(block.rows.size());
-        target.slots = static_cast<int32_t>(block.slots.size());
+        target.rows = block.rows.back() - block.rows.front() + 1;
+        target.slots = block.slots.back() - block.slots.front() + 1;
         return true;
       }
     }
@@ -303,6 +294,25 @@ bool ClipboardCommands::PlanTarget(const PasteSource& source, Target& target) co
   // The row text column takes one column of the block; the block never spills into it.
   target.slots = target.slot == cols.RowTextCol() ? 1 : source.Cols();
   return true;
+}
+
+// The selected rows and columns form one rectangle when no row or column that could be selected
+// lies between them unselected: hidden columns and rows in between do not break it, so a row
+// selected in row mode is a rectangle from its first shown column.
+bool ClipboardCommands::IsOneRectangle(const SelectedBlock& block) const {
+  if (block.rows.empty() || block.slots.empty()) return false;
+  const model::ColumnStore& cols = store_.Cols();
+  size_t rows = 0, slots = 0;
+  for (int32_t row = block.rows.front(); row <= block.rows.back(); ++row)
+    rows += selection_.RowShownForSelection(row);
+  for (int32_t slot = block.slots.front(); slot <= block.slots.back(); ++slot)
+    slots += selection_.TakesPart(cols.AtSlot(slot));
+  if (rows != block.rows.size() || slots != block.slots.size()) return false;
+  size_t selectedCells = 0;
+  for (int32_t row : block.rows)
+    for (int32_t slot : block.slots)
+      selectedCells += store_.CellAt(row, cols.AtSlot(slot).index).Selected();
+  return selectedCells == rows * slots;
 }
 
 // BeforePaste reports what is missing; the host may allow growth, refuse the paste or silence
@@ -361,6 +371,8 @@ void ClipboardCommands::WriteBlock(const PasteSource& source, const Target& targ
       const int32_t col = indexes[static_cast<size_t>(c)];
       const int32_t sr = target.fill ? 0 : r, sc = target.fill ? 0 : c;
       if (!source.Has(sr, sc) || !InGrid(row, col) || !CellEditable(row, col)) continue;
+      // A filled rectangle takes the value in its selected cells only, not in hidden ones.
+      if (target.fill && !store_.CellAt(row, col).Selected()) continue;
       EditCell(row, col, source.Text(sr, sc));
     }
   }

@@ -84,6 +84,7 @@ class ClipboardCommands {
   void ClearBlock(const SelectedBlock& block);
 
   bool PlanTarget(const PasteSource& source, Target& target) const;
+  bool IsOneRectangle(const SelectedBlock& block) const;
   // Columns and rows the host lets the grid add, and what was added.
   struct Growth {
     bool cols = false;

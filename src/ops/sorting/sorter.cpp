@@ -151,7 +151,7 @@ void Sorter::SortRange(int32_t first, int32_t last, const Criteria& criteria, Ar
     SortDirect(c_, plan, runs, how);
   }
   rows.NotePositionsChanged(first);
-  c_.grouping.RowsRearranged();
+  c_.RowsRearranged();
 }
 
 // ---- Public operations ------------------------------------------------------------------------

@@ -30,7 +30,6 @@ class Sorter {
   void SortRowChildNodes(const Variant& vRow);
   // The range sort over every row by SortObject, with its events, leaving ColSortKey and
   // ColSortOrder as they are (reading a sort layout has set them already).
-  // Sorts every row by SortObject as it stands, with the sort events (a restored sort state).
   void SortAll();
   // A click on a column header: ColHeaderClick, then the default sort unless the host declines.
   void HeaderClicked(int32_t colIndex, int16_t shift);
