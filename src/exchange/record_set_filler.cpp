@@ -47,6 +47,12 @@ bool SameName(std::string_view a, std::string_view b) {
          });
 }
 
+void StoreValue(model::CellColumn& column, model::Cell& cell, Variant&& value) {
+  cell.value = std::move(value);
+  column.NoteRefs(cell);
+  cell.state |= model::Cell::kRemeasure;
+}
+
 class UpdateBlock {
  public:
   explicit UpdateBlock(ExchangeSite& site) : site_(site) { site_.BeginUpdate(); }
@@ -124,10 +130,7 @@ std::vector<std::string> RecordSetFiller::ReadRecords(Dispatch& rs,
       Variant value = fields[i].object->Get("Value");
       if (static_cast<int32_t>(i) == keyField) keys.push_back(TextOf(value));
       if (!columns[i]) continue;
-      model::Cell& cell = store_.MutableCell(first + k, target[i]);
-      cell.value = std::move(value);
-      columns[i]->NoteRefs(cell);
-      cell.state |= model::Cell::kRemeasure;
+      StoreValue(*columns[i], store_.MutableCell(first + k, target[i]), std::move(value));
     }
     rs.Call("MoveNext");
   }
@@ -160,12 +163,9 @@ std::vector<std::string> RecordSetFiller::ReadBatches(RecordBatchReader& rs,
         for (int32_t k = 0; k < n; ++k) keys.push_back(TextOf(valueOf(k)));
       if (!target[i]) continue;
       model::CellColumn& column = cells.Column(target[i]);
-      for (int32_t k = 0; k < n; ++k) {
-        model::Cell& cell = cells.Mutable(target[i], phys[static_cast<size_t>(k)]);
-        cell.value = std::move(valueOf(k));
-        column.NoteRefs(cell);
-        cell.state |= model::Cell::kRemeasure;
-      }
+      for (int32_t k = 0; k < n; ++k)
+        StoreValue(column, cells.Mutable(target[i], phys[static_cast<size_t>(k)]),
+                   std::move(valueOf(k)));
     }
   }
   return keys;
