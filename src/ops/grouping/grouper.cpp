@@ -455,8 +455,7 @@ void Grouper::RefreshTexts() {
 }
 
 void Grouper::ColumnsInserted(int32_t index, int32_t count) {
-  for (Criterion& k : SortGroupAccess::Items(groupedBy_))
-    if (k.col >= index) k.col += count;
+  SortGroupAccess::ColumnsInserted(groupedBy_, index, count);
   for (AggrItem& item : AggrFuncsAccess::Items(aggrFuncs_))
     if (item.col >= index) item.col += count;
   RebuildWatched();
@@ -474,8 +473,7 @@ void Grouper::ColumnsRemoving(int32_t index, int32_t count) {
     Ungroup();
     return;
   }
-  for (Criterion& k : criteria)
-    if (k.col >= index + count) k.col -= count;
+  SortGroupAccess::ColumnsRemoved(groupedBy_, index, count);  // none of them on the columns
   // The results are counted again once the cells of the columns are gone.
   recountPending_ = aggregatesGone && Grouped();
   RebuildWatched();
